@@ -1,0 +1,42 @@
+// Building message texts from parts, independent of the locale.
+#pragma once
+
+#include <charconv>
+#include <concepts>
+#include <string>
+#include <string_view>
+
+namespace Diag {
+
+inline void AppendText(std::string& text, std::string_view part) {
+  text += part;
+}
+inline void AppendText(std::string& text, char part) {
+  text += part;
+}
+inline void AppendText(std::string& text, bool part) {
+  text += part ? '1' : '0';
+}
+
+template <std::integral Number>
+void AppendText(std::string& text, Number part) {
+  char digits[24];
+  text.append(digits, std::to_chars(digits, digits + sizeof digits, part).ptr);
+}
+
+// Six significant digits, as a C++ stream writes a double by default.
+inline void AppendText(std::string& text, double part) {
+  char digits[40];
+  text.append(
+      digits,
+      std::to_chars(digits, digits + sizeof digits, part, std::chars_format::general, 6).ptr);
+}
+
+template <class... Parts>
+std::string Text(const Parts&... parts) {
+  std::string text;
+  (AppendText(text, parts), ...);
+  return text;
+}
+
+}  // namespace Diag

@@ -1,0 +1,94 @@
+// The one channel through which every part of the program reports progress, warnings and errors.
+//
+// A message goes, filtered by level, to up to four sinks in this order: standard error, the error
+// file, the collected text, syslog. A prefixed line reads
+//
+//     name ": " level-word indentation message "\n"
+//
+// and on standard error a tag such as "ERROR: " stands in front of it.
+#pragma once
+
+#include "diag/ResultCode.h"
+#include "diag/Text.h"
+
+#include <cstdio>
+#include <string>
+#include <string_view>
+
+namespace Diag {
+
+enum Level : int { kError = 1, kWarning = 2, kInformation = 3, kDebug = 4 };
+
+class TraceLog {
+ public:
+  TraceLog() = default;
+  ~TraceLog();
+  TraceLog(const TraceLog&) = delete;
+  TraceLog& operator=(const TraceLog&) = delete;
+
+  // True when a message of `level` would be written; ask before work that only a message needs.
+  bool enabled(Level level) const { return !muted && level <= maxLevel; }
+
+  // The message is the concatenation of its parts (texts, characters, numbers); nothing is built
+  // for a disabled level.
+  // A complete line: prefix and line end.
+  template <class... Parts>
+  void Trace(Level level, const Parts&... parts) {
+    if (enabled(level)) write(Text(parts...), level, true, true);
+  }
+  // The start of a line: prefix, no line end.
+  template <class... Parts>
+  void TracePart(Level level, const Parts&... parts) {
+    if (enabled(level)) write(Text(parts...), level, false, true);
+  }
+  // The rest of a line: line end, no prefix.
+  template <class... Parts>
+  void TraceCont(Level level, const Parts&... parts) {
+    if (enabled(level)) write(Text(parts...), level, true, false);
+  }
+  // Text exactly as given.
+  template <class... Parts>
+  void TraceRaw(Level level, const Parts&... parts) {
+    if (enabled(level)) write(Text(parts...), level, false, false);
+  }
+
+  void setSyslogOn(bool on) { syslogOn = on; }
+  void setStderrOn(bool on) { stderrOn = on; }
+  void setErrorFileOn(bool on) { errorFileOn = on; }
+  void setName(std::string_view newName) { name = newName; }
+  void setErrorFileName(std::string_view newName) { errorFileName = newName; }
+  const std::string& getErrorFileName() const { return errorFileName; }
+  void setIndentWidth(int spaces) { indentWidth = spaces; }
+  void setMaxLevel(int level) { maxLevel = level; }  // 0 silences everything
+  void setMuted(bool on) { muted = on; }
+  bool isMuted() const { return muted; }
+  void increaseIndent() { ++indentDepth; }
+  void decreaseIndent();  // not below 0
+  void setCollect(bool on) { collect = on; }
+  std::string getCollectedText() const { return collectedText; }
+  void clearCollectedText() { collectedText.clear(); }
+
+  // Opens the error file and syslog as switched on. Failures are reported on standard error; the
+  // program goes on without the failed sink. Success is 1, not 0.
+  ResultCode openSinks();
+  void closeSinks();
+
+ private:
+  void write(std::string_view message, Level level, bool lineEnd, bool prefix);
+  void writeToSyslog(std::string_view text, Level level) const;
+
+  bool syslogOn = false;
+  bool stderrOn = true;
+  bool errorFileOn = false;
+  std::string name = "vextorin";
+  std::FILE* errorFile = nullptr;  // owned
+  std::string errorFileName = "vextorin_error.txt";
+  int indentWidth = 2;  // spaces a step
+  int indentDepth = 0;
+  int maxLevel = kError;
+  bool muted = false;
+  bool collect = false;  // levels 1 and 2 are also appended to collectedText
+  std::string collectedText;
+};
+
+}  // namespace Diag

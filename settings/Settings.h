@@ -1,0 +1,35 @@
+// The base of every class that is filled from options.
+#pragma once
+
+#include "diag/ResultCode.h"
+#include "parser/ArgumentParser.h"
+
+#include <string>
+#include <string_view>
+
+namespace Settings {
+
+class Settings {
+ public:
+  virtual ~Settings() = default;
+
+  // The current values as one text, for the trace log.
+  virtual std::string printSettings() const = 0;
+  // Writes the help text to standard output.
+  virtual void printUsage() const = 0;
+
+  virtual void reportMissingArgument(std::string_view name) const;
+  virtual void reportUnrecognizedOption(std::string_view name) const;
+
+  // Drains the parser and applies every option, up to the first failure: kInvalidArgument for an
+  // unknown option or a rejected value (the message has been written), kNothingLeft for a missing
+  // argument, kHelpShown after a help or version text. Options applied before stay applied.
+  virtual Diag::ResultCode readOptions(Parser::ArgumentParser& parser) = 0;
+
+ protected:
+  Settings() = default;
+  Settings(const Settings&) = default;
+  Settings& operator=(const Settings&) = default;
+};
+
+}  // namespace Settings
