@@ -14,14 +14,12 @@ inline void AppendText(std::string& text, std::string_view part) {
 inline void AppendText(std::string& text, char part) {
   text += part;
 }
-inline void AppendText(std::string& text, bool part) {
-  text += part ? '1' : '0';
-}
 
+// A bool is written as 1 or 0; an overload of its own would take texts too, as pointers.
 template <std::integral Number>
 void AppendText(std::string& text, Number part) {
   char digits[24];
-  text.append(digits, std::to_chars(digits, digits + sizeof digits, part).ptr);
+  text.append(digits, std::to_chars(digits, digits + sizeof digits, part + 0).ptr);
 }
 
 // Six significant digits, as a C++ stream writes a double by default.
