@@ -21,6 +21,8 @@ enum Level : int { kError = 1, kWarning = 2, kInformation = 3, kDebug = 4 };
 
 class TraceLog {
  public:
+  static constexpr ResultCode kSinksOpen = 1;
+
   TraceLog() = default;
   ~TraceLog();
   TraceLog(const TraceLog&) = delete;
@@ -69,18 +71,19 @@ class TraceLog {
   void clearCollectedText() { collectedText.clear(); }
 
   // Opens the error file and syslog as switched on. Failures are reported on standard error; the
-  // program goes on without the failed sink. Success is 1, not 0.
+  // program goes on without the failed sink. Success is kSinksOpen, not 0.
   ResultCode openSinks();
   void closeSinks();
 
  private:
   void write(std::string_view message, Level level, bool lineEnd, bool prefix);
-  void writeToSyslog(std::string_view text, Level level) const;
+  ResultCode openErrorFile();
 
   bool syslogOn = false;
   bool stderrOn = true;
   bool errorFileOn = false;
   std::string name = "vextorin";
+  std::string syslogIdentity;      // syslog keeps a pointer to it
   std::FILE* errorFile = nullptr;  // owned
   std::string errorFileName = "vextorin_error.txt";
   int indentWidth = 2;  // spaces a step

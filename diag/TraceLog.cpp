@@ -1,0 +1,99 @@
+#include "diag/TraceLog.h"
+
+#include <syslog.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+
+namespace Diag {
+namespace {
+
+struct LevelRow {
+  Level level;
+  std::string_view word;  // in the line
+  std::string_view tag;   // in front of the line, on standard error only
+  int priority;
+};
+
+constexpr LevelRow kLevels[] = {
+    {kError, "Error: ", "ERROR: ", LOG_USER | LOG_ERR},
+    {kWarning, "Warning: ", "WARNING: ", LOG_USER | LOG_WARNING},
+    {kInformation, "Info: ", "INFO: ", LOG_USER | LOG_INFO},
+    {kDebug, "", "DEBUG: ", LOG_USER | LOG_INFO},
+};
+
+const LevelRow& RowOf(Level level) {
+  static constexpr LevelRow kOther{kDebug, "", "", LOG_USER | LOG_INFO};
+  const auto* row = std::ranges::find(kLevels, level, &LevelRow::level);
+  return row != std::end(kLevels) ? *row : kOther;
+}
+
+void WriteToStderr(std::string_view text) {
+  std::fwrite(text.data(), 1, text.size(), stderr);
+}
+
+}  // namespace
+
+TraceLog::~TraceLog() {
+  closeSinks();
+}
+
+void TraceLog::decreaseIndent() {
+  if (indentDepth > 0) --indentDepth;
+}
+
+ResultCode TraceLog::openSinks() {
+  closeSinks();
+  const ResultCode fileResult = errorFileOn ? openErrorFile() : kSinksOpen;
+  if (syslogOn) {
+    syslogIdentity = name;
+    openlog(syslogIdentity.c_str(), LOG_PID, LOG_USER);
+  }
+  return fileResult;
+}
+
+ResultCode TraceLog::openErrorFile() {
+  if (errorFileName.empty()) {
+    WriteToStderr("Filename of error file must be specified.\n");
+    return kInvalidArgument;
+  }
+  errorFile = std::fopen(errorFileName.c_str(), "a");
+  if (!errorFile) {
+    WriteToStderr(Text("Couldn't open error file.\nError message:", std::strerror(errno), '\n'));
+    return kAccessDenied;
+  }
+  return kSinksOpen;
+}
+
+void TraceLog::closeSinks() {
+  if (errorFile) std::fclose(errorFile);
+  errorFile = nullptr;
+  if (syslogOn) closelog();
+}
+
+void TraceLog::write(std::string_view message, Level level, bool lineEnd, bool prefix) {
+  const LevelRow& row = RowOf(level);
+  std::string line(row.tag);
+  if (prefix) line.append(name).append(": ").append(row.word);
+  line.append(static_cast<std::size_t>(std::max(indentWidth, 0) * indentDepth), ' ');
+  line.append(message);
+  if (lineEnd) line += '\n';
+
+  const std::string_view untagged = std::string_view(line).substr(row.tag.size());
+  if (stderrOn) WriteToStderr(line);
+  if (errorFileOn && errorFile) {
+    std::fwrite(untagged.data(), 1, untagged.size(), errorFile);
+    std::fflush(errorFile);
+  }
+  if (collect && (level == kError || level == kWarning)) collectedText += untagged;
+  if (syslogOn) {
+    // Syslog supplies the identity and the line end itself.
+    const std::size_t nameLength = prefix ? name.size() + 2 : 0;
+    std::string text(untagged.substr(nameLength));
+    if (lineEnd) text.pop_back();
+    syslog(row.priority, "%s", text.c_str());
+  }
+}
+
+}  // namespace Diag
