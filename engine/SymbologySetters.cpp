@@ -1,0 +1,169 @@
+#include "engine/SymbologySetters.h"
+
+#include "engine/Setter.h"
+
+#include <algorithm>
+#include <span>
+
+namespace Engine {
+
+using Diag::ResultCode;
+using S = Settings::BarcodeSettings;
+
+namespace {
+
+// "auto" leaves the ratio to the library.
+bool IsRatio(const S& settings) {
+  return !settings.PDFratio.empty() && settings.PDFratio != "auto";
+}
+
+bool IsAztecAppend(const S& settings) {
+  return settings.ACappend == 1;
+}
+
+template <auto Function>
+BCResult SwitchOn(S&, BCBarcode* handle) {
+  return Function(handle, 1);
+}
+
+// clang-format off
+constexpr Setter kPdf417Setters[] = {
+    {IsNotMinusOne<&S::PDFrows>,      Pass<BCSet_PDF417_Rows, &S::PDFrows>,
+     "Couldn't set number of rows for PDF417."},
+    {IsNotMinusOne<&S::PDFcols>,      Pass<BCSet_PDF417_Columns, &S::PDFcols>,
+     "Couldn't set number of columns for PDF417."},
+    {IsNotMinusOne<&S::PDFrowheight>, Pass<BCSet_PDF417_RowHeight, &S::PDFrowheight>,
+     "Couldn't set row height for PDF417."},
+    {IsNotMinusOne<&S::PDFecl>,       Pass<BCSet_PDF417_ECLevel, &S::PDFecl>,
+     "Couldn't set error correction level for PDF417."},
+    {Always,                          Pass<BCSet_PDF417_EncodingMode, &S::PDFmode>,
+     "Couldn't set mode for PDF417."},
+    {IsRatio,                         Pass<BCSet_PDF417_RowColRatioA, &S::PDFratio>,
+     "Couldn't set row-column-ratio for PDF417."},
+    {Always,                          Pass<BCSet_MPDF417_Version, &S::MPDFversion>,
+     "Couldn't set version for Micro PDF417."},
+    {Always,                          Pass<BCSet_MPDF417_Mode, &S::MPDFmode>,
+     "Couldn't set mode for Micro PDF417."},
+    {IsNotMinusOne<&S::PDFindex>,     Pass<BCSet_PDF417_SegIndex, &S::PDFindex>,
+     "Couldn't set segment index for PDF417."},
+    {IsNotMinusOne<&S::PDFcount>,     Pass<BCSet_PDF417_SegCount, &S::PDFcount>,
+     "Couldn't set segment count for PDF417."},
+    {IsNotMinusOne<&S::PDFtime>,      Pass<BCSet_PDF417_TimeStamp, &S::PDFtime>,
+     "Couldn't set timestamp for PDF417."},
+    {IsNotMinusOne<&S::PDFsize>,      Pass<BCSet_PDF417_FileSize, &S::PDFsize>,
+     "Couldn't set filesize for PDF417."},
+    {IsNotMinusOne<&S::PDFchecksum>,  Pass<BCSet_PDF417_CheckSum, &S::PDFchecksum>,
+     "Couldn't set checksum for PDF417."},
+    {IsNotMinusOne<&S::PDFlast>,      PassSwitch<BCSet_PDF417_SegLast, &S::PDFlast>,
+     "Couldn't set last segment for PDF417."},
+    {IsNotEmpty<&S::PDFid>,           Pass<BCSet_PDF417_FileIDA, &S::PDFid>,
+     "Couldn't set file id for PDF417."},
+    {IsNotEmpty<&S::PDFfile>,         Pass<BCSet_PDF417_FileNameA, &S::PDFfile>,
+     "Couldn't set filename for PDF417."},
+    {IsNotEmpty<&S::PDFsender>,       Pass<BCSet_PDF417_SenderA, &S::PDFsender>,
+     "Couldn't set sender for PDF417."},
+    {IsNotEmpty<&S::PDFaddr>,         Pass<BCSet_PDF417_AddresseeA, &S::PDFaddr>,
+     "Couldn't set addressee for PDF417."},
+};
+
+constexpr Setter kQrCodeSetters[] = {
+    {Always,             Pass<BCSet_QR_Version, &S::QRversion>,
+     "Couldn't set version for QRCode."},
+    {Always,             Pass<BCSet_QR_Format, &S::QRformat>,
+     "Couldn't set format for QRCode."},
+    {IsNotEmpty<&S::QRind>, Pass<BCSet_QR_FmtAppIndicatorA, &S::QRind>,
+     "Couldn't set format application indicator for QRCode."},
+    {Always,             Pass<BCSet_QR_ECLevel, &S::QRecl>,
+     "Couldn't set error correction level for QRCode."},
+    {Always,             Pass<BCSet_QR_Mask, &S::QRmask>,
+     "Couldn't set mask pattern for QRCode."},
+    {IsNotMinusOne<&S::QRsum, &S::QRindex>,
+     Pass<BCSet_QR_Append, &S::QRsum, &S::QRindex, &S::QRparity>,
+     "Couldn't set structured append options for QRCode."},
+};
+
+constexpr Setter kDataMatrixSetters[] = {
+    {Always,                      Pass<BCSet_DM_Size, &S::DMsize>,
+     "Couldn't set size for DATAMATRIX."},
+    {Always,                      Pass<BCSet_DM_Format, &S::DMformat>,
+     "Couldn't set format for DATAMATRIX."},
+    {IsNotMinusOne<&S::DMbinary>, PassSwitch<BCSet_DM_EnforceBinaryEncoding, &S::DMbinary>,
+     "Couldn't set 'enforce binary mode' for DATAMATRIX."},
+    {IsNotMinusOne<&S::DMrect>,   PassSwitch<BCSet_DM_Rectangular, &S::DMrect>,
+     "Couldn't set 'show as rectangle' for DATAMATRIX."},
+    {IsNotMinusOne<&S::DMsum, &S::DMindex, &S::DMfile>,
+     Pass<BCSet_DM_Append, &S::DMsum, &S::DMindex, &S::DMfile>,
+     "Couldn't set structured append options for DATAMATRIX."},
+};
+
+constexpr Setter kAztecSetters[] = {
+    {Always,                      Pass<BCSet_Aztec_Size, &S::ACsize>,
+     "Couldn't set size for Aztec Code."},
+    {IsNotMinusOne<&S::ACbinary>, PassSwitch<BCSet_Aztec_EnforceBinaryEncoding, &S::ACbinary>,
+     "Couldn't set 'enforce binary mode' for Aztec Code."},
+    {IsNotMinusOne<&S::ACrunes>,  PassSwitch<BCSet_Aztec_RuneMode, &S::ACrunes>,
+     "Couldn't set 'use rune mode' for Aztec Code."},
+    {Always,                      Pass<BCSet_Aztec_FormatA, &S::ACformat, &S::ACspec>,
+     "Couldn't set format for Aztec Code."},
+    {Always,                      Pass<BCSet_Aztec_ErrorCorrection, &S::ACecl>,
+     "Couldn't set error correction level for Aztec Code."},
+    {IsAztecAppend,               SwitchOn<BCSet_Aztec_AppendActive>,
+     "Couldn't set structured append options for Aztec Code."},
+    {IsAztecAppend,
+     Pass<BCSet_Aztec_AppendDataA, &S::ACsum, &S::ACindex, &S::ACmessage>,
+     "Couldn't set structured append options for Aztec Code."},
+};
+
+// clang-format on
+
+constexpr int kPdf417Types[] = {55, 56, 84, 106, 107, 108, 109};
+constexpr int kQrCodeTypes[] = {58, 104, 105};
+constexpr int kDataMatrixTypes[] = {71, 102, 103};
+constexpr int kAztecTypes[] = {92};
+
+struct Family {
+  std::span<const int> types;
+  ResultCode (*apply)(S& settings, BCBarcode* handle);
+};
+
+constexpr Family kFamilies[] = {
+    {kPdf417Types, ApplyPdf417},
+    {kQrCodeTypes, ApplyQrCode},
+    {kDataMatrixTypes, ApplyDataMatrix},
+    {kAztecTypes, ApplyAztec},
+};
+
+bool Contains(std::span<const int> types, int type) {
+  return std::ranges::find(types, type) != types.end();
+}
+
+}  // namespace
+
+ResultCode ApplyPdf417(S& settings, BCBarcode* handle) {
+  return ApplySetters(kPdf417Setters, settings, handle);
+}
+
+ResultCode ApplyQrCode(S& settings, BCBarcode* handle) {
+  return ApplySetters(kQrCodeSetters, settings, handle);
+}
+
+ResultCode ApplyDataMatrix(S& settings, BCBarcode* handle) {
+  return ApplySetters(kDataMatrixSetters, settings, handle);
+}
+
+ResultCode ApplyAztec(S& settings, BCBarcode* handle) {
+  return ApplySetters(kAztecSetters, settings, handle);
+}
+
+ResultCode ApplySymbology(S& settings, BCBarcode* handle) {
+  for (const Family& family : kFamilies) {
+    if (Contains(family.types, settings.barcode)) return family.apply(settings, handle);
+  }
+  return Diag::kSuccess;
+}
+
+bool IsPdf417Family(int type) {
+  return Contains(kPdf417Types, type);
+}
+
+}  // namespace Engine
