@@ -174,8 +174,31 @@ constexpr Setter kSetters[] = {
      "Couldn't set barcode type to ", &S::barcode},
     {IsNotNegative<&S::CCtype>,       Pass<BCSet2DCompositeComponent, &S::CCtype>,
      "Couldn't set composite component type."},
+    {[](const S& s) { return s.multiple; }, Try<ApplyMultipleBarcodes>},
 };
 
+BCResult EnableGrid(S&, BCBarcode* handle) {
+  return BCSet_MultiBC_Enabled(handle, 1);
+}
+
+constexpr Setter kGridSetters[] = {
+    {Always,                       EnableGrid,
+     "Couldn't enable multiple barcodes."},
+    {IsNotMinusOne<&S::rows>,      Pass<BCSet_MultiBC_Rows, &S::rows>,
+     "Couldn't set rows of multiple barcodes."},
+    {IsNotMinusOne<&S::columns>,   Pass<BCSet_MultiBC_Columns, &S::columns>,
+     "Couldn't set columns of multiple barcodes."},
+    {IsNotMinusOne<&S::hdist>,     Pass<BCSet_MultiBC_HDist, &S::hdist>,
+     "Couldn't set horizontal distance of multiple barcodes."},
+    {IsNotMinusOne<&S::vdist>,     Pass<BCSet_MultiBC_VDist, &S::vdist>,
+     "Couldn't set vertical distance of multiple barcodes."},
+    {IsNotMinusOne<&S::datalimit>, Pass<BCSet_MultiBC_DataLimit, &S::datalimit>,
+     "Couldn't set data limit of multiple barcodes."},
+    {Always,                       Pass<BCSet_MultiBC_DynamicBoundingRect, &S::dynamicsize>,
+     "Couldn't set dynamic bounding rectangle of multiple barcodes."},
+    {Always,                       Pass<BCSet_MultiBC_StructApp, &S::structapp>,
+     "Couldn't set structured append mode of multiple barcodes."},
+};
 // clang-format on
 
 // Missing data must not go unseen, so a muted log speaks for one line.
@@ -200,6 +223,10 @@ ResultCode ApplySettings(S& settings, BCBarcode* handle, bool allowEmptyData) {
   const ResultCode code = ApplySetters(kSetters, settings, handle);
   if (code != Diag::kSuccess) return code;
   return ApplyBarcodeData(settings, handle, allowEmptyData);
+}
+
+ResultCode ApplyMultipleBarcodes(S& settings, BCBarcode* handle) {
+  return ApplySetters(kGridSetters, settings, handle);
 }
 
 ResultCode ApplyBarcodeData(S& settings, BCBarcode* handle, bool allowEmptyData) {

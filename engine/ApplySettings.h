@@ -19,4 +19,7 @@ Diag::ResultCode ApplySettings(Settings::BarcodeSettings& settings, BCBarcode* h
 Diag::ResultCode ApplyBarcodeData(Settings::BarcodeSettings& settings, BCBarcode* handle,
                                   bool allowEmptyData);
 
+// The parameters of a grid of barcodes.
+Diag::ResultCode ApplyMultipleBarcodes(Settings::BarcodeSettings& settings, BCBarcode* handle);
+
 }  // namespace Engine

@@ -17,6 +17,10 @@ bool IsRatio(const S& settings) {
   return !settings.PDFratio.empty() && settings.PDFratio != "auto";
 }
 
+bool IsCarrierMessage(const S& settings) {
+  return settings.MCserviceGiven || settings.MCcountryGiven || settings.MCpostalGiven;
+}
+
 bool IsAztecAppend(const S& settings) {
   return settings.ACappend == 1;
 }
@@ -24,6 +28,10 @@ bool IsAztecAppend(const S& settings) {
 template <auto Function>
 BCResult SwitchOn(S&, BCBarcode* handle) {
   return Function(handle, 1);
+}
+
+BCResult PassPreamble(S& settings, BCBarcode* handle) {
+  return BCSet_Maxi_UsePreambleA(handle, 1, settings.MCpre.c_str());
 }
 
 // clang-format off
@@ -114,12 +122,53 @@ constexpr Setter kAztecSetters[] = {
      "Couldn't set structured append options for Aztec Code."},
 };
 
+constexpr Setter kMaxiCodeSetters[] = {
+    {IsNotMinusOne<&S::MCmode>,     Pass<BCSet_Maxi_Mode, &S::MCmode>,
+     "Couldn't set mode for MaxiCode."},
+    {IsNotMinusOne<&S::MCundercut>, Pass<BCSet_Maxi_UnderCut, &S::MCundercut>,
+     "Couldn't set undercut for MaxiCode."},
+    {IsNotMinusOne<&S::MCsum, &S::MCindex>,
+     Pass<BCSet_Maxi_Append, &S::MCsum, &S::MCindex>,
+     "Couldn't set structured append options for MaxiCode."},
+    {IsCarrierMessage,
+     Pass<BCSet_Maxi_SCMA, &S::MCservice, &S::MCcountry, &S::MCpostal>,
+     "Couldn't set structured carrier message options for MaxiCode."},
+    {IsNotEmpty<&S::MCpre>,         PassPreamble,
+     "Couldn't set preamble for MaxiCode."},
+};
+
+constexpr Setter kCodablockFSetters[] = {
+    {IsNotMinusOne<&S::CBrows>,      Pass<BCSet_CBF_Rows, &S::CBrows>,
+     "Couldn't set number of rows for Codablock-F."},
+    {IsNotMinusOne<&S::CBcols>,      Pass<BCSet_CBF_Columns, &S::CBcols>,
+     "Couldn't set number of columns for Codablock-F."},
+    {IsNotMinusOne<&S::CBrowheight>, Pass<BCSet_CBF_RowHeight, &S::CBrowheight>,
+     "Couldn't set row height for Codablock-F."},
+    {IsNotMinusOne<&S::CBsepheight>, Pass<BCSet_CBF_RowSeparatorHeight, &S::CBsepheight>,
+     "Couldn't set row-separator height for Codablock-F."},
+    {Always,                         Pass<BCSet_CBF_Format, &S::CBformat>,
+     "Couldn't set format for Codablock-F."},
+};
+
+// Micro QR Code takes its error correction level through the setter of QR Code: the library has
+// one for both.
+constexpr Setter kMicroQrSetters[] = {
+    {Always, Pass<BCSet_MQR_Version, &S::MQRversion>,
+     "Couldn't set version for Micro QRCode."},
+    {Always, Pass<BCSet_QR_ECLevel, &S::MQRecl>,
+     "Couldn't set error correction level for Micro QRCode."},
+    {Always, Pass<BCSet_MQR_Mask, &S::MQRmask>,
+     "Couldn't set mask pattern for Micro QRCode."},
+};
 // clang-format on
 
 constexpr int kPdf417Types[] = {55, 56, 84, 106, 107, 108, 109};
 constexpr int kQrCodeTypes[] = {58, 104, 105};
 constexpr int kDataMatrixTypes[] = {71, 102, 103};
 constexpr int kAztecTypes[] = {92};
+constexpr int kMaxiCodeTypes[] = {57};
+constexpr int kCodablockFTypes[] = {74, 110, 111};
+constexpr int kMicroQrTypes[] = {97};
 
 struct Family {
   std::span<const int> types;
@@ -127,10 +176,10 @@ struct Family {
 };
 
 constexpr Family kFamilies[] = {
-    {kPdf417Types, ApplyPdf417},
-    {kQrCodeTypes, ApplyQrCode},
-    {kDataMatrixTypes, ApplyDataMatrix},
-    {kAztecTypes, ApplyAztec},
+    {kPdf417Types, ApplyPdf417},         {kMaxiCodeTypes, ApplyMaxiCode},
+    {kQrCodeTypes, ApplyQrCode},         {kDataMatrixTypes, ApplyDataMatrix},
+    {kCodablockFTypes, ApplyCodablockF}, {kAztecTypes, ApplyAztec},
+    {kMicroQrTypes, ApplyMicroQr},
 };
 
 bool Contains(std::span<const int> types, int type) {
@@ -143,6 +192,10 @@ ResultCode ApplyPdf417(S& settings, BCBarcode* handle) {
   return ApplySetters(kPdf417Setters, settings, handle);
 }
 
+ResultCode ApplyMaxiCode(S& settings, BCBarcode* handle) {
+  return ApplySetters(kMaxiCodeSetters, settings, handle);
+}
+
 ResultCode ApplyQrCode(S& settings, BCBarcode* handle) {
   return ApplySetters(kQrCodeSetters, settings, handle);
 }
@@ -151,8 +204,16 @@ ResultCode ApplyDataMatrix(S& settings, BCBarcode* handle) {
   return ApplySetters(kDataMatrixSetters, settings, handle);
 }
 
+ResultCode ApplyCodablockF(S& settings, BCBarcode* handle) {
+  return ApplySetters(kCodablockFSetters, settings, handle);
+}
+
 ResultCode ApplyAztec(S& settings, BCBarcode* handle) {
   return ApplySetters(kAztecSetters, settings, handle);
+}
+
+ResultCode ApplyMicroQr(S& settings, BCBarcode* handle) {
+  return ApplySetters(kMicroQrSetters, settings, handle);
 }
 
 ResultCode ApplySymbology(S& settings, BCBarcode* handle) {

@@ -9,9 +9,12 @@
 namespace Engine {
 
 Diag::ResultCode ApplyPdf417(Settings::BarcodeSettings& settings, BCBarcode* handle);
+Diag::ResultCode ApplyMaxiCode(Settings::BarcodeSettings& settings, BCBarcode* handle);
 Diag::ResultCode ApplyQrCode(Settings::BarcodeSettings& settings, BCBarcode* handle);
 Diag::ResultCode ApplyDataMatrix(Settings::BarcodeSettings& settings, BCBarcode* handle);
+Diag::ResultCode ApplyCodablockF(Settings::BarcodeSettings& settings, BCBarcode* handle);
 Diag::ResultCode ApplyAztec(Settings::BarcodeSettings& settings, BCBarcode* handle);
+Diag::ResultCode ApplyMicroQr(Settings::BarcodeSettings& settings, BCBarcode* handle);
 
 // The parameters of the family that the barcode type belongs to; kSuccess for a type that has none.
 Diag::ResultCode ApplySymbology(Settings::BarcodeSettings& settings, BCBarcode* handle);
