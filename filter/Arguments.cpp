@@ -1,0 +1,71 @@
+#include "filter/Arguments.h"
+
+#include "filter/PostScriptString.h"
+#include "settings/Values.h"
+
+#include <utility>
+
+namespace Filter {
+namespace {
+
+struct Piece {
+  std::size_t size;
+  bool isString;
+};
+
+// What stands at the front of a text that begins with a double quote or a string's opener. A
+// quoted value is one piece, to its closing quote or the end; so is "<<".
+Piece NextPiece(std::string_view text) {
+  if (text.front() == '"') return {std::min(text.find('"', 1), text.size() - 1) + 1, false};
+  if (text.starts_with("<<")) return {2, false};
+  StringScanner scanner(false);
+  const std::size_t size = scanner.scan(text);
+  return size == std::string_view::npos ? Piece{1, false} : Piece{size, true};
+}
+
+std::string Quoted(std::string value) {
+  Settings::ReplaceAll(value, "\"", "\"\"");
+  return '"' + value + '"';
+}
+
+// Makes the option name at the end of `text`, if there is one, take the value that follows: a
+// PostScript name /data becomes --data, and a name that touches its value gets an equals sign.
+void JoinOptionName(std::string& text) {
+  constexpr std::string_view kSeparators = " \t\n\f\r";
+  const std::size_t last = text.find_last_not_of(kSeparators);
+  if (last == std::string::npos) return;
+  const std::size_t begin = text.find_last_of(kSeparators, last) + 1;
+  const std::string_view word = std::string_view(text).substr(begin, last + 1 - begin);
+  if (word.find('=') != std::string_view::npos) return;
+  const bool touching = last + 1 == text.size();
+  const bool postScriptName = word.starts_with('/') && word.size() > 1;
+  if (touching && (postScriptName || word.starts_with("--"))) text += '=';
+  if (postScriptName) text.replace(begin, 1, "--");
+}
+
+}  // namespace
+
+void decodeArguments(std::string& text, Diag::TraceLog& log) {
+  static const ByteSet kStops("(<\"");
+  const std::string before = std::exchange(text, {});
+  std::string_view rest = before;
+  while (!rest.empty()) {
+    const std::size_t plain = kStops.find(rest);
+    text += rest.substr(0, plain);
+    rest.remove_prefix(plain);
+    if (rest.empty()) return;
+    const auto [size, isString] = NextPiece(rest);
+    const std::string_view token = rest.substr(0, size);
+    rest.remove_prefix(size);
+    if (!isString) {
+      text += token;
+      continue;
+    }
+    const std::string value = Quoted(DecodeString(token));
+    log.Trace(Diag::kDebug, "Converted \"", token, "\" to \"", value, "\"");
+    JoinOptionName(text);
+    text += value;
+  }
+}
+
+}  // namespace Filter

@@ -1,0 +1,59 @@
+// The three ways to write a string in PostScript: literal (...), hexadecimal <...> and ASCII85
+// <~...~> (PostScript Language Reference, third edition, 3.2.2). Pure functions on byte strings,
+// apart from the stream.
+#pragma once
+
+#include "filter/ByteSet.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace Filter {
+
+// A string token here includes its delimiters.
+enum class StringForm { kLiteral, kHexadecimal, kAscii85 };
+
+// The form of a token, from its opener. REQUIRES: it begins with "(" or "<".
+StringForm FormOf(std::string_view token);
+
+// Finds the end of the string token at the front of a text that may still grow. The scan goes on
+// where it stopped, so that a string that arrives in pieces is looked at once.
+//
+// "(" nests and ends at its ")", at a line feed when `lineByLine` is set; a backslash hides the
+// byte behind it. "<~" ends with the byte behind the next "~", "<" with ">".
+class StringScanner {
+ public:
+  explicit StringScanner(bool endsAtLineFeed) : lineByLine(endsAtLineFeed) {}
+
+  // The token's length, or std::string_view::npos when it does not end within `text`.
+  // REQUIRES: `text` begins with what the calls before it were given.
+  std::size_t scan(std::string_view text);
+
+ private:
+  std::size_t scanLiteral(std::string_view text);
+  std::size_t scanHexadecimal(std::string_view text);
+  std::size_t scanAscii85(std::string_view text);
+
+  bool lineByLine;
+  std::size_t position = 0;  // what stands before is scanned
+  std::size_t depth = 0;
+};
+
+// Each takes a token with its delimiters and yields the bytes that it stands for. Damaged or
+// unclosed tokens yield what can be read of them.
+std::string decodeLiteral(std::string_view token);
+std::string decodeHex(std::string_view token);
+std::string decodeAscii85(std::string_view token);
+
+// Each yields a token of printable ASCII with its delimiters.
+std::string encodeLiteral(std::string_view bytes);
+std::string encodeHex(std::string_view bytes);
+std::string encodeAscii85(std::string_view bytes);
+
+// By form.
+std::string DecodeString(std::string_view token);
+// As `token` was written; a token that its line's or the job's end cut off stays cut off.
+std::string EncodeLike(std::string_view token, std::string_view bytes);
+
+}  // namespace Filter
