@@ -55,6 +55,9 @@ class AppSettings : public Settings {
   bool ignoreNoData = false;
   bool lineByLine = false;
   BarcodeSettings barcode;
+
+ private:
+  void takeIniFileName(int argc, const char* const* argv);
 };
 
 }  // namespace Settings

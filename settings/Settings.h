@@ -4,6 +4,7 @@
 #include "diag/ResultCode.h"
 #include "parser/ArgumentParser.h"
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -30,6 +31,10 @@ class Settings {
   Settings() = default;
   Settings(const Settings&) = default;
   Settings& operator=(const Settings&) = default;
+
+  using Apply = std::function<Diag::ResultCode(const std::string& name)>;
+  // Hands every option name of the parser to `apply`, up to its first failure.
+  Diag::ResultCode applyEach(Parser::ArgumentParser& parser, const Apply& apply) const;
 };
 
 }  // namespace Settings

@@ -1,0 +1,3 @@
+#include "settings/GlobalSettings.h"
+
+Settings::GlobalSettings g_settings;

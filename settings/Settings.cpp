@@ -1,0 +1,31 @@
+#include "settings/Settings.h"
+
+#include "settings/ApplyOption.h"
+#include "settings/GlobalSettings.h"
+
+namespace Settings {
+
+void Settings::reportMissingArgument(std::string_view name) const {
+  g_settings.trace.Trace(Diag::kError, "Option '", name, "' requires an argument.");
+}
+
+void Settings::reportUnrecognizedOption(std::string_view name) const {
+  g_settings.trace.Trace(Diag::kError, "Unrecognized option ", name);
+}
+
+Diag::ResultCode Settings::applyEach(Parser::ArgumentParser& parser, const Apply& apply) const {
+  std::string name;
+  while (parser.nextOption(name) == Diag::kSuccess)
+    if (const Diag::ResultCode result = apply(name)) return result;
+  if (name.empty()) return Diag::kSuccess;
+  reportUnrecognizedOption(name);
+  return Diag::kInvalidArgument;
+}
+
+Diag::ResultCode RefuseValue(std::string_view refusal, std::string_view value) {
+  const bool naming = refusal.ends_with(": ");
+  g_settings.trace.Trace(Diag::kError, refusal, naming ? value : std::string_view());
+  return Diag::kInvalidArgument;
+}
+
+}  // namespace Settings
