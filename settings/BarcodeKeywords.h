@@ -34,5 +34,8 @@ inline constexpr Keyword kColorModes[] = {{"RGB", 0}, {"GRAY", 1}, {"CMYK", 2}};
 inline constexpr Keyword kPclModes[] = {{"PCL5", 0}, {"PCL5NOHPGL", 1}};
 inline constexpr Keyword kPositionings[] = {{"REL", 1}, {"ABS", 0}};
 inline constexpr Keyword kBackgrounds[] = {{"TRANSPARENT", 1}, {"OPAQUE", 2}};
+inline constexpr Keyword kComposites[] = {{"NONE", 0}, {"AUTO", 1}, {"A", 2}, {"B", 3}, {"C", 4}};
+inline constexpr Keyword kDynamicSizes[] = {{"NONE", 0}, {"HORIZONTAL", 1}, {"VERTICAL", 2}};
+inline constexpr Keyword kStructuredAppends[] = {{"NONE", 0}, {"STANDARD", 1}, {"VEXTORIN", 2}};
 
 }  // namespace Settings
