@@ -45,6 +45,9 @@ class BarcodeSettings : public Settings {
   // kAccessDenied; a barcode settings file passes its own failure up.
   Diag::ResultCode handleOption(const std::string& name, Parser::ArgumentParser& source);
 
+  // Fills in the customary sizes of the symbology for what is still unset.
+  void applyDefaultSet();
+
   // General
   std::string data;
   int format = kFormatNotSet;

@@ -4,15 +4,6 @@
 #include <string>
 
 namespace Settings {
-namespace {
-
-int Truncated(double number) {
-  constexpr double kLow = std::numeric_limits<int>::min();
-  constexpr double kHigh = std::numeric_limits<int>::max();
-  return static_cast<int>(std::clamp(number, kLow, kHigh));
-}
-
-}  // namespace
 
 bool ReadInteger(std::string_view text, Range range, int& value, ZeroRule isZero) {
   value = TextToInteger(text);

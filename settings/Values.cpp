@@ -51,6 +51,12 @@ double TextToReal(std::string_view text) {
   return std::isfinite(number) ? number : 0.0;
 }
 
+int Truncated(double number) {
+  constexpr double kLow = std::numeric_limits<int>::min();
+  constexpr double kHigh = std::numeric_limits<int>::max();
+  return static_cast<int>(std::clamp(number, kLow, kHigh));
+}
+
 std::string ToUpper(std::string& text) {
   for (char& character : text)
     if (character >= 'a' && character <= 'z') character = static_cast<char>(character - 'a' + 'A');

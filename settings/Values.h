@@ -22,6 +22,9 @@ int TextToInteger(std::string_view text);
 // ("nan", "1e999"), gives 0: nothing behind the settings could place it on a page.
 double TextToReal(std::string_view text);
 
+// Truncated toward zero; a number beyond an int gives the nearest limit.
+int Truncated(double number);
+
 // a to z become A to Z, in place; returns a copy.
 std::string ToUpper(std::string& text);
 // Whether the first `count` characters are equal; false when `text` is shorter than that.
