@@ -1,44 +1,59 @@
 #include "filter/ByteSet.h"
 
+#include <bit>
 #include <cassert>
-#include <cstdint>
 #include <cstring>
 #include <utility>
 
 namespace Filter {
 namespace {
 
-// The compiler's portable vector type: every CPU has something for it, and on x86-64 it is SSE2.
-using Block = unsigned char __attribute__((vector_size(16)));
-using Words = std::uint64_t __attribute__((vector_size(16)));
+#ifdef __SSE2__
 
-bool AnyBitSet(Block block) {
-  const Words words = reinterpret_cast<Words>(block);
-  return (words[0] | words[1]) != 0;
+// The compiler's vector type: comparisons give all ones in the bytes that match.
+using Block = char __attribute__((vector_size(16)));
+
+Block Splat(char value) {
+  return Block{} + value;
 }
 
-// The first block of `text` that holds one of the `Count` values; the tail shorter than a block
-// counts as one.
+// One bit for each byte of the block that is one of the `Count` values.
 template <std::size_t Count>
-std::size_t FindBlock(std::string_view text, const unsigned char* values) {
+unsigned Matches(const char* bytes, const Block* values) {
+  Block block;
+  std::memcpy(&block, bytes, sizeof block);
+  Block hits{};
+  for (std::size_t i = 0; i < Count; ++i) hits |= block == values[i];
+  return static_cast<unsigned>(__builtin_ia32_pmovmskb128(hits));
+}
+
+// The index of the first match in the whole blocks of `text`, else the size of those blocks.
+template <std::size_t Count>
+std::size_t FindInBlocks(std::string_view text, const char* values) {
+  Block splats[Count + 1];
+  for (std::size_t i = 0; i < Count; ++i) splats[i] = Splat(values[i]);
   std::size_t at = 0;
   for (; at + sizeof(Block) <= text.size(); at += sizeof(Block)) {
-    Block block;
-    std::memcpy(&block, text.data() + at, sizeof block);
-    Block hits{};
-    for (std::size_t i = 0; i < Count; ++i) {
-      hits |= reinterpret_cast<Block>(block == values[i]);
-    }
-    if (AnyBitSet(hits)) break;
+    const unsigned matches = Matches<Count>(text.data() + at, splats);
+    if (matches != 0) return at + static_cast<std::size_t>(std::countr_zero(matches));
   }
   return at;
 }
 
-using BlockFinder = std::size_t (*)(std::string_view, const unsigned char*);
+#else
+
+template <std::size_t Count>
+std::size_t FindInBlocks(std::string_view, const char*) {
+  return 0;
+}
+
+#endif
+
+using BlockFinder = std::size_t (*)(std::string_view, const char*);
 
 template <std::size_t... Counts>
 constexpr auto MakeFinders(std::index_sequence<Counts...>) {
-  return std::array<BlockFinder, sizeof...(Counts)>{FindBlock<Counts>...};
+  return std::array<BlockFinder, sizeof...(Counts)>{FindInBlocks<Counts>...};
 }
 
 // Indexed by the number of values, so that the comparisons of a block are unrolled.
@@ -53,7 +68,7 @@ ByteSet::ByteSet(std::string_view bytes) {
 void ByteSet::add(char byte) {
   if (contains(byte)) return;
   assert(count < kCapacity);
-  values[count++] = static_cast<unsigned char>(byte);
+  values[count++] = byte;
   members[static_cast<unsigned char>(byte)] = true;
 }
 

@@ -24,7 +24,7 @@ class ByteSet {
   std::size_t find(std::string_view text) const;
 
  private:
-  std::array<unsigned char, kCapacity> values{};
+  std::array<char, kCapacity> values{};
   std::size_t count = 0;
   std::array<bool, 256> members{};
 };

@@ -17,7 +17,10 @@ constexpr std::string_view kPclReset =
 Filter::Filter()
     : application(g_settings.application),
       log(g_settings.trace),
-      insertArmed(application.insertPattern.empty()) {}
+      insertArmed(application.insertPattern.empty()),
+      simpleStringStops("()\\\n") {
+  if (!application.escapeBegin.empty()) simpleStringStops.add(application.escapeBegin.front());
+}
 
 Diag::ResultCode Filter::run() {
   if (application.inputFileGiven && !stream.open(application.inputFile)) {

@@ -67,6 +67,7 @@ class Filter {
     bool ended = false;
   };
   ResultCode handlePostScriptString();
+  bool passSimpleString();
   std::string_view readPostScriptString(std::size_t offset);
   void passStringWithoutSequence(std::size_t size);
   void decodeAndExtract(std::string& token, Progress& progress);
@@ -101,6 +102,8 @@ class Filter {
   // The bytes that end a plain run, and the state that they were chosen for.
   ByteSet interesting;
   unsigned interestingState = ~0U;
+  // What keeps a literal string from being passed at a glance, and its end.
+  ByteSet simpleStringStops;
 };
 
 }  // namespace Filter

@@ -73,15 +73,6 @@ void Stream::putString(std::string_view bytes) {
   emit(bytes);
 }
 
-std::string_view Stream::window() {
-  return peek(1);
-}
-
-std::string_view Stream::peek(std::size_t count) {
-  while (limit - cursor < count && extend()) continue;
-  return {buffer.data() + cursor, limit - cursor};
-}
-
 bool Stream::extend() {
   if (ended) return false;
   makeRoomBehind();

@@ -41,9 +41,12 @@ class Stream {
 
   // The unread bytes at hand, at least one unless the input has ended. The view lives until the
   // next operation other than forward and consume.
-  std::string_view window();
+  std::string_view window() { return peek(1); }
   // The window with at least `count` bytes, fewer only at the end of the input.
-  std::string_view peek(std::size_t count);
+  std::string_view peek(std::size_t count) {
+    while (limit - cursor < count && extend()) continue;
+    return {buffer.data() + cursor, limit - cursor};
+  }
   // Reads more behind the window, which keeps its bytes. False at the end of the input.
   bool extend();
   // Writes, or drops, the window's first bytes. REQUIRES: count <= size of the window.

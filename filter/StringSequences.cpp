@@ -28,6 +28,7 @@ bool Holds(std::string_view token, std::string_view text) {
 }  // namespace
 
 Diag::ResultCode Filter::handlePostScriptString() {
+  if (passSimpleString()) return Diag::kSuccess;
   const std::string_view found = readPostScriptString(0);
   if (found.empty() || !Holds(found, application.escapeBegin)) {
     passStringWithoutSequence(found.empty() ? stream.window().size() : found.size());
@@ -51,6 +52,17 @@ Diag::ResultCode Filter::handlePostScriptString() {
   stream.ungetString(token);
   std::string sequence = std::exchange(sequenceText, {});
   return insertBarcode(sequence, true);
+}
+
+// Passes a literal string that lies in the window and holds no parenthesis, no escape and not even
+// the begin token's first byte: one search settles nearly every string of a job.
+bool Filter::passSimpleString() {
+  const std::string_view window = stream.window();
+  if (window.front() != '(') return false;
+  const std::size_t stop = 1 + simpleStringStops.find(window.substr(1));
+  if (stop == window.size() || window[stop] != ')') return false;
+  passStringWithoutSequence(stop + 1);
+  return true;
 }
 
 // The whole token at `offset` in the window, which is extended as far as that takes; the job's end
