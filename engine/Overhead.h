@@ -1,0 +1,17 @@
+// The wrapping that fits a rendered barcode into its surroundings: the page of a print job, or a
+// job of its own.
+#pragma once
+
+#include "settings/BarcodeSettings.h"
+
+#include <string>
+
+namespace Engine {
+
+// Wraps `output`, in place. An embedded PostScript barcode gets a graphics state of its own, at the
+// current point or at an absolute place; a PCL barcode that stands alone gets a job frame, and one
+// that asks for it moves the cursor past itself. Other formats stay as they are. The width, height,
+// origin and positioning of `settings` are those that were used for the output.
+void AddOverhead(std::string& output, const Settings::BarcodeSettings& settings);
+
+}  // namespace Engine
