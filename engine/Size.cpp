@@ -24,6 +24,7 @@ struct Request {
 constexpr Request kRoomyRequest = {50000, 30000};
 // Where the library decides, it needs no room to do so.
 constexpr Request kSmallRequest = {1000, 1000};
+constexpr Request kGridRequest = {50000, 50000};
 
 ResultCode Create(BCBarcode* handle) {
   const ResultCode code = BCCreate(handle);
@@ -85,10 +86,43 @@ ResultCode CreateSingle(BarcodeSettings& settings, BCBarcode* handle) {
   return Turn(settings, handle);
 }
 
+void ReportLayoutFailure(BCBarcode* handle, ResultCode code, const BCRect& rectangle,
+                         std::int32_t neededWidth, std::int32_t neededHeight) {
+  Diag::TraceLog& trace = g_settings.trace;
+  if (rectangle.right < neededWidth) {
+    trace.Trace(Diag::kError, "Given width is too small. A width of at least ",
+                neededWidth / 1000.0, " mm is required.");
+  } else if (rectangle.bottom < neededHeight) {
+    trace.Trace(Diag::kError, "Given height is too small. A height of at least ",
+                neededHeight / 1000.0, " mm is required.");
+  } else {
+    ReportFailure(Diag::kError, handle, code,
+                  "Couldn't create multiple barcodes. Please check barcode settings.");
+  }
+}
+
+// In a grid a size of 0 counts as given.
+ResultCode CreateGrid(BarcodeSettings& settings, BCBarcode* handle) {
+  const BCRect rectangle = {
+      0, 0, settings.width >= 0 ? RoundedUpThousandths(settings.width) : kGridRequest.width,
+      settings.height >= 0 ? RoundedUpThousandths(settings.height) : kGridRequest.height};
+  std::int32_t neededWidth = 0;
+  std::int32_t neededHeight = 0;
+  const ResultCode code =
+      BC_MultiBC_CalculateLayout(handle, nullptr, &rectangle, &neededWidth, &neededHeight);
+  if (code != Diag::kSuccess) {
+    ReportLayoutFailure(handle, code, rectangle, neededWidth, neededHeight);
+    return code;
+  }
+  if (neededWidth / 1000.0 > settings.width) settings.width = neededWidth / 1000.0;
+  if (neededHeight / 1000.0 > settings.height) settings.height = neededHeight / 1000.0;
+  return Create(handle);
+}
+
 }  // namespace
 
 ResultCode CreateSized(BarcodeSettings& settings, BCBarcode* handle) {
-  return CreateSingle(settings, handle);
+  return settings.multiple ? CreateGrid(settings, handle) : CreateSingle(settings, handle);
 }
 
 }  // namespace Engine
