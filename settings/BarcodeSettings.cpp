@@ -2,8 +2,15 @@
 
 #include "settings/ApplyOption.h"
 #include "settings/BarcodeOptions.h"
+#include "settings/HelpText.h"
+
+#include <cstdio>
 
 namespace Settings {
+
+void BarcodeSettings::printUsage() const {
+  std::fwrite(kHelpText.data(), 1, kHelpText.size(), stdout);
+}
 
 Diag::ResultCode BarcodeSettings::readOptions(Parser::ArgumentParser& parser) {
   return applyEach(parser, [&](const std::string& name) { return handleOption(name, parser); });
