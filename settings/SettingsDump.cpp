@@ -180,9 +180,9 @@ struct LineText {
 }  // namespace
 
 std::string BarcodeSettings::printSettings() const {
-  std::string text = "\nBarcode Settings: \n\n";
-  for (const DumpLine& line : kLines) text += std::visit(LineText{*this, line.label}, line.field);
-  return text;
+  std::string dump = "\nBarcode Settings: \n\n";
+  for (const DumpLine& line : kLines) dump += std::visit(LineText{*this, line.label}, line.field);
+  return dump;
 }
 
 }  // namespace Settings
