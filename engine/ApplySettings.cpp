@@ -19,6 +19,11 @@ namespace {
 
 // Rows that resolve settings, without a call to the library.
 
+BCResult FillInDefaultSet(S& settings, BCBarcode*) {
+  settings.applyDefaultSet();
+  return BC_OK;
+}
+
 BCResult ResolvePositioning(S& settings, BCBarcode*) {
   const bool placed = settings.xpos > 0 && settings.ypos > 0;
   settings.pos = placed && settings.format != Settings::kFormatPcl ? 0 : 1;
@@ -118,6 +123,7 @@ BCResult Try(S& settings, BCBarcode* handle) {
 // In the order of the calls: the type comes after its parameters.
 // clang-format off
 constexpr Setter kSetters[] = {
+    {[](const S& s) { return s.defaultset; }, FillInDefaultSet},
     {IsNonZero<&S::compress>,         Pass<BCSetCompression, &S::compress>,
      "Couldn't set compression algorithm ", &S::compress},
     {[](const S& s) { return s.pos == -1; }, ResolvePositioning},
