@@ -1,0 +1,122 @@
+#include "app/Application.h"
+
+#include "app/Run.h"
+#include "settings/ApplicationPath.h"
+#include "settings/GlobalSettings.h"
+
+#include <optional>
+#include <stdexcept>
+
+namespace App {
+
+using Diag::ResultCode;
+
+namespace {
+
+constexpr int kArgumentsForStdin = 6;  // program, job, user, title, copies, options
+constexpr int kArgumentsForFile = 7;   // and the file's name
+
+// Logs the spooler's arguments and takes the input file's name from them.
+ResultCode CheckArguments(int argc, const char* const* argv) {
+  Diag::TraceLog& trace = g_settings.trace;
+  trace.Trace(Diag::kDebug, "Command line arguments: ");
+  for (int i = 0; i < argc; ++i) {
+    trace.TracePart(Diag::kDebug, "argv[", i, "]: ");
+    trace.TraceCont(Diag::kDebug, argv[i]);
+  }
+  switch (argc) {
+    case kArgumentsForStdin:
+      trace.Trace(Diag::kDebug, "Input stream: stdin");
+      return Diag::kSuccess;
+    case kArgumentsForFile:
+      g_settings.application.inputFileGiven = true;
+      g_settings.application.inputFile = argv[kArgumentsForFile - 1];
+      trace.TracePart(Diag::kDebug, "Input stream: ");
+      trace.TraceCont(Diag::kDebug, g_settings.application.inputFile);
+      return Diag::kSuccess;
+    default:
+      trace.Trace(Diag::kError, "Expected parameters: job user title copies options [filename]");
+      return Diag::kInvalidArgument;
+  }
+}
+
+// The exit status when there is nothing to go on with.
+std::optional<int> LoadSettings(int argc, const char* const* argv) {
+  switch (g_settings.application.load(argc, argv)) {
+    case Diag::kSuccess:
+      return std::nullopt;
+    case Diag::kHelpShown:
+      return kExitSuccess;
+    case Diag::kAccessDenied:
+      CheckArguments(argc, argv);
+      return kExitNoIniFile;
+    default:
+      g_settings.trace.Trace(Diag::kError, "Error in ini-file.");
+      return kExitBadArguments;
+  }
+}
+
+void WriteBanner() {
+  constexpr const char* kRule = "====================================================";
+  for (const char* line : {kRule, "Vextorin Event Log", kRule, "Begin logging. ",
+                           "Version: Vextorin " VEXTORIN_VERSION}) {
+    g_settings.trace.Trace(Diag::kDebug, line);
+  }
+}
+
+void LogSettings() {
+  Diag::TraceLog& trace = g_settings.trace;
+  if (!trace.enabled(Diag::kDebug)) return;
+  trace.Trace(Diag::kDebug, "Program arguments (g_settings):");
+  trace.TraceRaw(Diag::kDebug, g_settings.application.printSettings(), '\n');
+}
+
+bool NothingToDo() {
+  return g_settings.application.barcode.data.empty() && !g_settings.application.filter;
+}
+
+// Names the log, opens its sinks and checks what the spooler and the settings ask for.
+std::optional<int> Prepare(int argc, const char* const* argv) {
+  Diag::TraceLog& trace = g_settings.trace;
+  trace.setName("vextorin");
+  trace.openSinks();
+  WriteBanner();
+  trace.Trace(Diag::kDebug, "Application path: ", Settings::ApplicationDirectory(&trace));
+  if (CheckArguments(argc, argv) != Diag::kSuccess) return kExitBadArguments;
+  LogSettings();
+  if (NothingToDo()) {
+    trace.TraceCont(Diag::kError, "BarCode data is missing!\n");
+    g_settings.application.printUsage();
+    return kExitSuccess;
+  }
+  return std::nullopt;
+}
+
+int LogExitCode(int exitCode) {
+  g_settings.trace.Trace(Diag::kDebug, "Exit code ", exitCode);
+  return exitCode;
+}
+
+int StartAndRun(int argc, const char* const* argv) {
+  if (const auto exitCode = LoadSettings(argc, argv)) return *exitCode;
+  if (const auto exitCode = Prepare(argc, argv)) return *exitCode;
+  const int exitCode = Run();
+  return LogExitCode(exitCode == kExitFailure ? int{kExitSuccess} : exitCode);
+}
+
+}  // namespace
+
+int RunApplication(int argc, const char* const* argv) {
+  try {
+    return StartAndRun(argc, argv);
+  } catch (const std::length_error&) {
+    g_settings.trace.Trace(Diag::kError, "Out of memory error.");
+    g_settings.trace.Trace(Diag::kDebug, "String class couldn't allocate enough memory.");
+    return LogExitCode(kExitSuccess);
+  } catch (...) {
+    g_settings.trace.Trace(Diag::kError, "Unhandled exception.");
+    return LogExitCode(kExitException);
+  }
+}
+
+}  // namespace App
