@@ -143,7 +143,7 @@ void TakeOutput(const Buffer& buffer, std::uint32_t size, const BarcodeSettings&
                                  ? std::min(size, buffer.capacity)
                                  : strnlen(memory, buffer.capacity);
   result.assign(memory, length);
-  AddOverhead(result, settings);
+  addOverhead(result, settings);
 }
 
 }  // namespace

@@ -91,7 +91,7 @@ void WrapPcl(std::string& output, const BarcodeSettings& settings) {
 
 }  // namespace
 
-void AddOverhead(std::string& output, const BarcodeSettings& settings) {
+void addOverhead(std::string& output, const BarcodeSettings& settings) {
   if (settings.format == Settings::kFormatPostScript) WrapPostScript(output, settings);
   if (settings.format == Settings::kFormatPcl) WrapPcl(output, settings);
 }

@@ -12,6 +12,6 @@ namespace Engine {
 // current point or at an absolute place; a PCL barcode that stands alone gets a job frame, and one
 // that asks for it moves the cursor past itself. Other formats stay as they are. The width, height,
 // origin and positioning of `settings` are those that were used for the output.
-void AddOverhead(std::string& output, const Settings::BarcodeSettings& settings);
+void addOverhead(std::string& output, const Settings::BarcodeSettings& settings);
 
 }  // namespace Engine

@@ -18,7 +18,7 @@ constexpr std::size_t kWrapperWithoutPlacement = 27 + 911 + 16 + 27;
 
 std::string Wrapped(const BarcodeSettings& settings) {
   std::string output = kBarcode;
-  Engine::AddOverhead(output, settings);
+  Engine::addOverhead(output, settings);
   return output;
 }
 
