@@ -1,0 +1,160 @@
+#include "diag/Assert.h"
+#include "diag/TraceLog.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <sstream>
+
+namespace {
+
+using Diag::TraceLog;
+using Write = std::function<void(TraceLog&)>;
+
+std::string OnStderr(const Write& write, int maxLevel = Diag::kDebug) {
+  TraceLog log;
+  log.setMaxLevel(maxLevel);
+  testing::internal::CaptureStderr();
+  write(log);
+  return testing::internal::GetCapturedStderr();
+}
+
+std::string FileText(const std::string& path) {
+  std::ostringstream text;
+  text << std::ifstream(path).rdbuf();
+  return text.str();
+}
+
+TEST(TraceLogLine, HasTagNameLevelWordAndIndentation) {
+  const struct {
+    Write write;
+    const char* line;
+  } kCases[] = {
+      {[](TraceLog& log) { log.Trace(Diag::kError, "m"); }, "ERROR: vextorin: Error: m\n"},
+      {[](TraceLog& log) { log.Trace(Diag::kWarning, "m"); }, "WARNING: vextorin: Warning: m\n"},
+      {[](TraceLog& log) { log.Trace(Diag::kInformation, "m"); }, "INFO: vextorin: Info: m\n"},
+      {[](TraceLog& log) { log.Trace(Diag::kDebug, "m"); }, "DEBUG: vextorin: m\n"},
+      {[](TraceLog& log) { log.TracePart(Diag::kError, "m"); }, "ERROR: vextorin: Error: m"},
+      {[](TraceLog& log) { log.TraceCont(Diag::kError, "m"); }, "ERROR: m\n"},
+      {[](TraceLog& log) { log.TraceRaw(Diag::kError, "a\nb\n"); }, "ERROR: a\nb\n"},
+      {[](TraceLog& log) { log.Trace(Diag::kDebug, "n = ", -3, ' ', 0.254, ' ', true); },
+       "DEBUG: vextorin: n = -3 0.254 1\n"},
+      {[](TraceLog& log) {
+         log.setName("other");
+         log.increaseIndent();
+         log.increaseIndent();
+         log.Trace(Diag::kError, "m");
+       },
+       "ERROR: other: Error:     m\n"},
+      {[](TraceLog& log) {
+         log.setIndentWidth(3);
+         log.decreaseIndent();
+         log.increaseIndent();
+         log.TraceCont(Diag::kError, "m");
+       },
+       "ERROR:    m\n"},
+      {[](TraceLog& log) {
+         log.setMuted(true);
+         log.Trace(Diag::kError, "m");
+       },
+       ""},
+      {[](TraceLog& log) {
+         log.setStderrOn(false);
+         log.Trace(Diag::kError, "m");
+       },
+       ""},
+  };
+  for (const auto& test : kCases) {
+    SCOPED_TRACE(test.line);
+    EXPECT_EQ(OnStderr(test.write), test.line);
+  }
+}
+
+TEST(TraceLogLevel, LetsMessagesUpToItThrough) {
+  const Write all = [](TraceLog& log) {
+    for (const auto level : {Diag::kError, Diag::kWarning, Diag::kInformation, Diag::kDebug})
+      log.TraceRaw(level, static_cast<int>(level));
+  };
+  EXPECT_EQ(OnStderr(all, 0), "");
+  EXPECT_EQ(OnStderr(all, 1), "ERROR: 1");
+  EXPECT_EQ(OnStderr(all, 3), "ERROR: 1WARNING: 2INFO: 3");
+  EXPECT_EQ(OnStderr(all, 4), "ERROR: 1WARNING: 2INFO: 3DEBUG: 4");
+}
+
+TEST(TraceLogCollection, HoldsErrorsAndWarningsWithoutTags) {
+  TraceLog log;
+  log.setStderrOn(false);
+  log.setMaxLevel(Diag::kDebug);
+  log.Trace(Diag::kError, "before");
+  log.setCollect(true);
+  log.Trace(Diag::kError, "a");
+  log.Trace(Diag::kInformation, "b");
+  log.TraceCont(Diag::kWarning, "c");
+  EXPECT_EQ(log.getCollectedText(), "vextorin: Error: a\nc\n");
+  log.clearCollectedText();
+  EXPECT_EQ(log.getCollectedText(), "");
+}
+
+TEST(ErrorFile, IsAppendedToAndCompleteAfterEveryLine) {
+  const std::string path = testing::TempDir() + "trace_log_test.txt";
+  std::filesystem::remove(path);
+  std::string expected;
+  for (const std::string run : {"first", "second"}) {
+    TraceLog log;
+    log.setStderrOn(false);
+    log.setErrorFileName("/nowhere/else");
+    log.setErrorFileName(path);
+    log.setErrorFileOn(true);
+    EXPECT_EQ(log.openSinks(), TraceLog::kSinksOpen);
+    log.Trace(Diag::kError, run);
+    expected += "vextorin: Error: " + run + "\n";
+    EXPECT_EQ(FileText(path), expected);
+  }
+  std::filesystem::remove(path);
+}
+
+TEST(ErrorFile, ThatCannotBeOpenedIsReportedAndLeftOut) {
+  const struct {
+    const char* name;
+    Diag::ResultCode result;
+    const char* report;
+  } kCases[] = {
+      {"", Diag::kInvalidArgument, "Filename of error file must be specified.\n"},
+      {"/nowhere/error.txt", Diag::kAccessDenied,
+       "Couldn't open error file.\nError message:No such file or directory\n"},
+  };
+  for (const auto& test : kCases) {
+    SCOPED_TRACE(test.name);
+    const std::string report = OnStderr([&](TraceLog& log) {
+      log.setErrorFileName(test.name);
+      log.setErrorFileOn(true);
+      EXPECT_EQ(log.openSinks(), test.result);
+      log.Trace(Diag::kError, "goes on");
+    });
+    EXPECT_EQ(report, std::string(test.report) + "ERROR: vextorin: Error: goes on\n");
+  }
+}
+
+TEST(FailedAssertion, ReportsItselfAndEndsTheProcessWith100) {
+  const std::string report = "Assertion failed!\nFile: File.cpp\nLine: 12\nInfo: broken\n";
+  EXPECT_EXIT(Diag::AssertToStderr(false, "File.cpp", 12, "broken"), testing::ExitedWithCode(100),
+              "^" + report + "$");
+  EXPECT_EXIT(
+      {
+        TraceLog log;
+        Diag::AssertToLog(log, false, "File.cpp", 12, "broken");
+      },
+      testing::ExitedWithCode(100), "^ERROR: " + report + "$");
+}
+
+TEST(HoldingAssertion, DoesNothing) {
+  EXPECT_EQ(OnStderr([](TraceLog& log) {
+              Diag::AssertToStderr(true, "File.cpp", 12, "fine");
+              Diag::AssertToLog(log, true, "File.cpp", 12, "fine");
+            }),
+            "");
+}
+
+}  // namespace
