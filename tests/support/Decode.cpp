@@ -1,0 +1,57 @@
+#include "tests/support/Decode.h"
+
+#include <ZXing/ReadBarcode.h>
+
+#include <cmath>
+#include <cstdio>
+#include <numbers>
+
+namespace Support {
+namespace {
+
+// ZXing's angle (radians, clockwise, as its rows count downward) as whole quarter turns
+// counter-clockwise, in degrees.
+int QuarterTurns(double clockwise) {
+  const long quarters = std::lround(-clockwise / (std::numbers::pi / 2));
+  return static_cast<int>((quarters + 4) % 4) * 90;
+}
+
+Symbol Convert(const ZXing::Result& result, const Page& page) {
+  const ZXing::Position& corners = result.position();
+  double column = 0, row = 0;
+  for (const ZXing::PointI& corner : corners) {
+    column += corner.x / 4.0;
+    row += corner.y / 4.0;
+  }
+  return {.format = ZXing::ToString(result.format()),
+          .data = {result.bytes().begin(), result.bytes().end()},
+          .x = page.millimetres(column),
+          .y = page.millimetres(page.height - row),
+          .orientation = QuarterTurns(corners.orientation())};
+}
+
+}  // namespace
+
+std::vector<Symbol> Decode(const Page& page) {
+  ZXing::DecodeHints hints;
+  hints.setTryHarder(true).setTryRotate(true).setMaxNumberOfSymbols(64);
+  const ZXing::ImageView image(page.gray.data(), page.width, page.height, ZXing::ImageFormat::Lum);
+  std::vector<Symbol> symbols;
+  for (const ZXing::Result& result : ZXing::ReadBarcodes(image, hints)) {
+    symbols.push_back(Convert(result, page));
+  }
+  return symbols;
+}
+
+std::string Describe(const std::vector<Symbol>& symbols) {
+  std::string text;
+  for (const Symbol& symbol : symbols) {
+    char place[64];
+    std::snprintf(place, sizeof place, "  at %.1f,%.1f mm, turned %d", symbol.x, symbol.y,
+                  symbol.orientation);
+    text += "  " + symbol.format + "  " + symbol.data + place + "\n";
+  }
+  return text.empty() ? "  nothing\n" : text;
+}
+
+}  // namespace Support

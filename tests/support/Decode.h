@@ -1,0 +1,26 @@
+// Reads barcodes from pixels, with two readers that share no code.
+#pragma once
+
+#include "tests/support/Render.h"
+
+#include <string>
+#include <vector>
+
+namespace Support {
+
+struct Symbol {
+  std::string format;   // the reader's name of the symbology
+  std::string data;     // bytes
+  double x = 0, y = 0;  // the middle, millimetres from the page's left and lower edge
+  int orientation = 0;  // degrees counter-clockwise from upright, a multiple of 90
+};
+
+// All symbols on the page, as ZXing reads them.
+std::vector<Symbol> Decode(const Page& page);
+// The same by ZBar, which knows neither Data Matrix nor Aztec nor PDF417; without orientation.
+std::vector<Symbol> DecodeWithZBar(const Page& page);
+
+// A line for messages: format, data and place of every symbol.
+std::string Describe(const std::vector<Symbol>& symbols);
+
+}  // namespace Support
