@@ -1,0 +1,263 @@
+// Symbols in finished pages read back: rendered by Ghostscript as a printer would, decoded by two
+// foreign readers, at the place and turned the way the job asked for.
+#include "tests/support/Decode.h"
+#include "tests/support/Jobs.h"
+#include "tests/support/Program.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace {
+
+using Support::Ascii85String;
+using Support::Blanks;
+using Support::Describe;
+using Support::Filter;
+using Support::HexString;
+using Support::Join;
+using Support::Lines;
+using Support::Page;
+using Support::Program;
+using Support::Rendering;
+using Support::StandAlone;
+using Support::Symbol;
+
+struct Type {
+  int number;
+  std::string data;
+  std::string format;  // ZXing's name
+  std::string read;    // what a reader returns
+  std::string zbar{};  // what ZBar returns; empty: it doesn't know the symbology
+};
+
+const Type kTypes[] = {
+    {20, "Code 128 Test", "Code128", "Code 128 Test", "Code 128 Test"},
+    {16, "(01)09501101530003(10)ABC123", "Code128", "010950110153000310ABC123",
+     "010950110153000310ABC123"},
+    {8, "CODE-39 TEST", "Code39", "CODE-39 TEST", "CODE-39 TEST"},
+    {3, "1234567890", "ITF", "1234567890", "1234567890"},
+    {10, "40313948", "EAN-8", "40313948", "40313948"},
+    {13, "4006381333931", "EAN-13", "4006381333931", "4006381333931"},
+    {34, "012345678905", "UPC-A", "012345678905", "0012345678905"},
+    {55, "PDF417 holds more than a line", "PDF417", "PDF417 holds more than a line"},
+    {58, "https://example.org/?q=42", "QRCode", "https://example.org/?q=42",
+     "https://example.org/?q=42"},
+    {71, "Data Matrix 123456", "DataMatrix", "Data Matrix 123456"},
+    {92, "Aztec Code 123456", "Aztec", "Aztec Code 123456"},
+};
+
+// Pages of 90 x 90 mm; symbols stand in a box whose lower left corner is at 10, 14 mm.
+const std::string kPageSetup =
+    "%!PS-Adobe-3.0\n%%EndComments\n<< /PageSize [255 255] >> setpagedevice\n"
+    "/Courier findfont 1 scalefont setfont\n/mm { 25.4 div 72 mul } bind def\n";
+constexpr double kLeft = 10, kBottom = 14;
+
+std::string PageOf(const std::string& show) {
+  return "10 mm 14 mm moveto\n" + show + "\nshowpage\n";
+}
+
+std::string Sequence(const Type& type, const std::string& options) {
+  return "$_vxrs --barcode=" + std::to_string(type.number) + " " + options + " --data=\"" +
+         type.data + "\" $_vxre";
+}
+
+// A literal string whose parentheses balance.
+std::string Literal(const std::string& text) {
+  return "(" + text + ")";
+}
+
+void ExpectOne(const Page& page, const Type& type) {
+  const std::vector<Symbol> symbols = Support::Decode(page);
+  ASSERT_EQ(symbols.size(), 1u) << Describe(symbols);
+  EXPECT_EQ(symbols[0].format, type.format);
+  EXPECT_EQ(symbols[0].data, type.read);
+  if (type.zbar.empty()) return;
+  const std::vector<Symbol> others = Support::DecodeWithZBar(page);
+  ASSERT_EQ(others.size(), 1u) << Describe(others);
+  EXPECT_EQ(others[0].data, type.zbar);
+}
+
+// The middle of the only symbol, for a box of that size.
+void ExpectAt(const Page& page, double left, double bottom, double width, double height) {
+  const std::vector<Symbol> symbols = Support::Decode(page);
+  ASSERT_EQ(symbols.size(), 1u) << Describe(symbols);
+  EXPECT_NEAR(symbols[0].x, left + width / 2, width / 4) << Describe(symbols);
+  EXPECT_NEAR(symbols[0].y, bottom + height / 2, height / 2) << Describe(symbols);
+}
+
+TEST(Scan, StandAloneBarcodesRead) {
+  std::string pages = kPageSetup;
+  for (const Type& type : kTypes) {
+    const Program::Result result =
+        StandAlone(
+            {"data=" + type.data, "barcode=" + std::to_string(type.number), "xpos=10", "ypos=14"})
+            .run();
+    EXPECT_EQ(result.errors, "");
+    EXPECT_TRUE(result.output.starts_with("%!PS")) << result.output.substr(0, 40);
+    pages += result.output + "\n";
+  }
+  const Rendering rendering = Support::Render(pages, 300);
+  EXPECT_EQ(rendering.messages, "");
+  ASSERT_EQ(rendering.pages.size(), std::size(kTypes));
+  for (std::size_t page = 0; page < std::size(kTypes); ++page) {
+    SCOPED_TRACE(kTypes[page].format);
+    ExpectOne(rendering.pages[page], kTypes[page]);
+  }
+}
+
+// One page a type, its sequence with these options; filtered.
+std::string FilteredPages(const std::string& options) {
+  std::string job = kPageSetup;
+  for (const Type& type : kTypes) job += PageOf(Literal(Sequence(type, options)) + " show");
+  const Program::Result result = Filter().run(job);
+  EXPECT_EQ(result.errors, "");
+  return result.output;
+}
+
+TEST(Scan, BarcodesInAJobReadAtEveryResolution) {
+  const std::string pages = FilteredPages("-w60 -h30");
+  for (const int dpi : {203, 300, 600}) {
+    SCOPED_TRACE(dpi);
+    const Rendering rendering = Support::Render(pages, dpi);
+    EXPECT_EQ(rendering.messages, "");
+    ASSERT_EQ(rendering.pages.size(), std::size(kTypes));
+    for (std::size_t page = 0; page < std::size(kTypes); ++page) {
+      SCOPED_TRACE(kTypes[page].format);
+      ExpectOne(rendering.pages[page], kTypes[page]);
+      ExpectAt(rendering.pages[page], kLeft, kBottom, 60, 30);
+    }
+  }
+}
+
+TEST(Scan, TurnedBarcodesReadInTheirDirection) {
+  for (const int rotation : {90, 180, 270}) {
+    SCOPED_TRACE(rotation);
+    const Rendering rendering =
+        Support::Render(FilteredPages("-w60 -h30 -r" + std::to_string(rotation)), 300);
+    EXPECT_EQ(rendering.messages, "");
+    ASSERT_EQ(rendering.pages.size(), std::size(kTypes));
+    const bool upright = rotation == 180;
+    for (std::size_t page = 0; page < std::size(kTypes); ++page) {
+      SCOPED_TRACE(kTypes[page].format);
+      const std::vector<Symbol> symbols = Support::Decode(rendering.pages[page]);
+      ASSERT_EQ(symbols.size(), 1u) << Describe(symbols);
+      EXPECT_EQ(symbols[0].data, kTypes[page].read);
+      EXPECT_EQ(symbols[0].orientation, rotation);
+      ExpectAt(rendering.pages[page], kLeft, kBottom, upright ? 60 : 30, upright ? 30 : 60);
+    }
+  }
+}
+
+TEST(Scan, AbsolutePlacesCountFromThePagesCorner) {
+  const std::string job =
+      kPageSetup + "gsave 45 rotate 2 2 scale 300 300 translate\n" +
+      PageOf(Literal("$_vxrs --data=Corner -x25 -y40 -w50 -h20 $_vxre") + " show grestore");
+  const Rendering rendering = Support::Render(Filter().run(job).output, 300);
+  EXPECT_EQ(rendering.messages, "");
+  ASSERT_EQ(rendering.pages.size(), 1u);
+  ExpectAt(rendering.pages[0], 25, 40, 50, 20);
+}
+
+// The forms in which a program may write the text of a sequence, and what is left of it.
+struct Form {
+  const char* name;
+  std::string show;
+  std::string blanked;
+  std::string removed;
+};
+
+std::vector<Form> Forms() {
+  const std::string options = "$_vxrs --data=Form7 -w60 -h30 $_vxre";
+  const std::string text = "<" + options + ">";
+  const std::string blanked = "<" + Blanks(options.size()) + ">";
+  return {
+      {"literal", "(" + text + ") show", "(" + blanked + ") show", "(<>) show"},
+      {"hexadecimal", HexString(text) + " show", HexString(blanked) + " show", "<3c3e> show"},
+      {"ASCII85", Ascii85String(text) + " show", Ascii85String(blanked) + " show",
+       Ascii85String("<>") + " show"},
+      {"split by words", "($_vxrs ) show (--data=Form7 ) show (-w60 -h30 $_vxre) show",
+       "(" + Blanks(7) + ") show (" + Blanks(13) + ") show (" + Blanks(16) + ") show",
+       "() show () show () show"},
+      {"continued lines", "(" + text.substr(0, 9) + "\\\n" + text.substr(9) + ") show",
+       "(" + blanked + ") show", "(<>) show"},
+      {"kerned", "[(<$_vxrs --data=Form7 -w)-20(60 )15(-h30 $_vxre>)] TJ",
+       "[(<" + Blanks(22) + ")-20(" + Blanks(3) + ")15(" + Blanks(11) + ">)] TJ",
+       "[(<)-20()15(>)] TJ"},
+  };
+}
+
+// Each form on a page of its own; TJ as page descriptions define it.
+std::string FormsJob(const std::string Form::*text) {
+  std::string job = kPageSetup +
+                    "/TJ { { dup type /stringtype eq { show } { 1000 div neg 0 rmoveto } ifelse }"
+                    " forall } bind def\n";
+  for (const Form& form : Forms()) job += PageOf(form.*text);
+  return job;
+}
+
+TEST(Scan, EveryFormAndEveryInsertModeKeepsTheRestOfTheJob) {
+  const struct {
+    Lines settings;
+    const std::string Form::*rest;
+  } rows[] = {
+      {{"insert=beforestring"}, &Form::blanked},
+      {{"insert=afterstring"}, &Form::blanked},
+      {{"insert=beforeline"}, &Form::blanked},
+      {{"insert=afterline"}, &Form::blanked},
+      {{"insert=beforestring", "remove"}, &Form::removed},
+  };
+  std::string pages;
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.settings.back());
+    const Program::Result result = Filter(row.settings).run(FormsJob(&Form::show));
+    EXPECT_EQ(result.errors, "");
+    EXPECT_EQ(Support::WithoutBarcodes(result.output), FormsJob(row.rest));
+    pages += result.output;
+  }
+  const Rendering rendering = Support::Render(pages, 300);
+  EXPECT_EQ(rendering.messages, "");
+  const std::size_t forms = Forms().size();
+  ASSERT_EQ(rendering.pages.size(), std::size(rows) * forms);
+  for (std::size_t page = 0; page < rendering.pages.size(); ++page) {
+    SCOPED_TRACE(rows[page / forms].settings.back() + ", " + Forms()[page % forms].name);
+    const std::vector<Symbol> symbols = Support::Decode(rendering.pages[page]);
+    ASSERT_EQ(symbols.size(), 1u) << Describe(symbols);
+    EXPECT_EQ(symbols[0].data, "Form7");
+  }
+}
+
+TEST(Scan, OtherTextOfThePageIsStillPrinted) {
+  const std::string text =
+      "/Courier findfont 20 scalefont setfont 20 mm 70 mm moveto (TEXT) show\n";
+  const std::string plain = kPageSetup + text + "showpage\n";
+  const std::string label = kPageSetup + "10 mm 14 mm moveto\n" +
+                            "($_vxrs --data=1 -w60 -h30 $_vxre) show\n" + text + "showpage\n";
+  const Rendering before = Support::Render(plain, 100);
+  const Rendering after = Support::Render(Filter().run(label).output, 100);
+  ASSERT_EQ(before.pages.size(), 1u);
+  ASSERT_EQ(after.pages.size(), 1u);
+  // The upper 30 mm of the page hold nothing but the text.
+  const auto upper = static_cast<std::ptrdiff_t>(before.pages[0].width) * 118;
+  EXPECT_TRUE(std::equal(before.pages[0].gray.begin(), before.pages[0].gray.begin() + upper,
+                         after.pages[0].gray.begin()));
+  EXPECT_TRUE(std::any_of(before.pages[0].gray.begin(), before.pages[0].gray.begin() + upper,
+                          [](int gray) { return gray == 0; }));
+}
+
+TEST(Scan, AGridOfBarcodesReadsAsOneMessage) {
+  const std::string data(500, '7');
+  const Program::Result result = StandAlone({"data=" + data, "barcode=58", "multiple=on", "rows=2",
+                                             "columns=2", "datalimit=130", "hdist=5", "vdist=5",
+                                             "width=70", "height=70", "xpos=10", "ypos=10"})
+                                     .run();
+  EXPECT_EQ(result.errors, "");
+  const Rendering rendering = Support::Render(kPageSetup + result.output, 300);
+  ASSERT_EQ(rendering.pages.size(), 1u) << rendering.messages;
+  std::string read;
+  for (const Symbol& symbol : Support::Decode(rendering.pages[0])) read += symbol.data;
+  EXPECT_EQ(read.size(), data.size());
+  EXPECT_EQ(read, data);
+}
+
+}  // namespace
