@@ -9,8 +9,8 @@ namespace Library {
 
 class Error : public std::exception {
  public:
-  explicit Error(BCResult code, int position = -1, bool inComposite = false)
-      : code(code), position(position), inComposite(inComposite) {}
+  explicit Error(BCResult result, int index = -1, bool composite = false)
+      : code(result), position(index), inComposite(composite) {}
   const char* what() const noexcept override { return "barcode library error"; }
 
   BCResult code;

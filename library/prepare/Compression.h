@@ -1,0 +1,12 @@
+// Compression of the data before it is encoded.
+#pragma once
+
+#include "library/prepare/PreparedData.h"
+
+namespace Library {
+
+// `algorithm` 1 raw deflate, 2 gzip, 3 zlib. Equal data give equal bytes. Throws Error with
+// BC_E_INVALIDARG for another algorithm, BC_E_OUTOFMEMORY.
+Data Compress(const Data& data, int algorithm);
+
+}  // namespace Library

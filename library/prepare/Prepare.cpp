@@ -1,0 +1,116 @@
+#include "library/prepare/Prepare.h"
+
+#include "library/Error.h"
+#include "library/prepare/Compression.h"
+#include "library/prepare/Escapes.h"
+#include "library/prepare/FormatString.h"
+
+#include <algorithm>
+
+namespace Library {
+namespace {
+
+constexpr std::uint16_t kGroupSeparator = 0x1D;
+
+bool IsCheckDigitPlace(const DataCharacter& character) {
+  return character.value == kCheckDigitPlace;
+}
+
+Data SourceData(const Options& options, bool functionCharacters) {
+  if (!options.translateEscapes) return RawData(options.data);
+  return TranslateEscapes(options.data, functionCharacters && options.compression == 0
+                                            ? FunctionCharacters::kOctal
+                                            : FunctionCharacters::kNone);
+}
+
+void CheckCharacters(Data& data, const CharacterSet& characters, bool functionCharacters,
+                     bool gs1) {
+  for (DataCharacter& character : data) {
+    // Data that went through a scanner once separate their fields by GS.
+    if (gs1 && character.value == kGroupSeparator) character.value = kFnc1;
+    const bool good = character.isByte() ? characters.contains(character.value)
+                                         : functionCharacters || !character.isFunction();
+    if (!good) throw Error(BC_E_INVALIDDATA, character.source);
+  }
+}
+
+void CheckLength(const Data& data, const Symbology& symbology) {
+  const auto length = std::count_if(data.begin(), data.end(), [](const DataCharacter& character) {
+    return character.isByte() || character.isFunction() || IsCheckDigitPlace(character);
+  });
+  if (length > symbology.maxLength) throw Error(BC_E_DATATOOLONG);
+  if (length < symbology.minLength) throw Error(BC_E_INVALIDDATA);
+}
+
+// ComputeCheckDigits, with an error's index turned into the caller's.
+std::string ComputeFor(const Data& data, int method) {
+  try {
+    return ComputeCheckDigits(method, Bytes(data));
+  } catch (const Error& error) {
+    if (error.position < 0) throw;
+    throw Error(error.code, data[static_cast<std::size_t>(error.position)].source);
+  }
+}
+
+void Insert(Data& data, Data::difference_type place, const std::string& digits) {
+  Data added = RawData(digits);
+  for (DataCharacter& character : added) character.source = -1;
+  data.insert(data.begin() + place, added.begin(), added.end());
+}
+
+// The last place of `data` holds a check digit: verifies or corrects it.
+std::string VerifyLast(Data& data, int method, bool autoCorrect) {
+  const DataCharacter given = data.back();
+  data.pop_back();
+  const std::string expected = ComputeFor(data, method);
+  const auto value = static_cast<std::uint16_t>(static_cast<unsigned char>(expected.front()));
+  if (given.value != value && !autoCorrect) throw Error(BC_E_INVALIDDATA, given.source);
+  data.push_back({value, given.source});
+  return expected;
+}
+
+std::string ApplyCheckDigits(Data& data, const Symbology& symbology, const Options& options) {
+  const CheckRule& rule = symbology.check;
+  const auto mark = std::find_if(data.begin(), data.end(), IsCheckDigitPlace);
+  const bool marked = mark != data.end();
+  const auto place = mark - data.begin();
+  std::erase_if(data, IsCheckDigitPlace);
+
+  const bool standard = options.checkDigitMethod == 1 || rule.kind == CheckKind::kLast;
+  const int method = standard ? rule.standardMethod : options.checkDigitMethod;
+  if (rule.kind == CheckKind::kBuiltIn || method == 0) return {};
+  const bool given = rule.kind == CheckKind::kLast && !marked &&
+                     static_cast<int>(data.size()) == symbology.fixedLength;
+  if (given) return VerifyLast(data, method, options.autoCorrect > 0);
+
+  const std::string digits = ComputeFor(data, method);
+  Insert(data, place, digits);
+  // A format string may have put the check digit where the symbology does not look for it.
+  if (rule.kind == CheckKind::kLast) VerifyLast(data, method, false);
+  return digits;
+}
+
+}  // namespace
+
+PreparedData Prepare(const Options& options, const Symbology& symbology) {
+  if (!symbology.check.methods.allow(options.checkDigitMethod)) throw Error(BC_E_INVALIDARG);
+  const bool gs1 = symbology.takesGs1 != nullptr && symbology.takesGs1(options);
+  const bool functionCharacters = symbology.functionCharacters || gs1;
+  const CharacterSet& characters = gs1 ? kGs1Characters : symbology.characters;
+
+  Data data = SourceData(options, functionCharacters);
+  if (options.compression != 0) {
+    if (!(characters == kAllBytes)) throw Error(BC_E_NOTSUPPORTED);
+    data = Compress(data, options.compression);
+  }
+  if (!options.format.empty()) {
+    data = ApplyFormat(data, options.format, symbology.codeSets,
+                       static_cast<int>(options.data.size()));
+  }
+  CheckCharacters(data, characters, functionCharacters, gs1);
+  CheckLength(data, symbology);
+  std::string checkDigits = ApplyCheckDigits(data, symbology, options);
+  return {std::move(data), std::move(checkDigits)};
+}
+
+}  // namespace Library

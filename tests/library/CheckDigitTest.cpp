@@ -1,0 +1,107 @@
+#include "library/Error.h"
+#include "library/prepare/CheckDigits.h"
+#include "tests/library/ScanSymbol.h"
+
+#include <gtest/gtest.h>
+
+using Library::ComputeCheckDigits;
+
+TEST(CheckDigits, FollowTheirMethods) {
+  const struct {
+    int method;
+    const char* data;
+    const char* expected;
+  } cases[] = {
+      {2, "400638133393", "1"},
+      {14, "400638133393", "1"},
+      {13, "9638507", "4"},
+      {15, "03600029145", "2"},
+      {2, "0950110153000", "3"},
+      {3, "CODE39", "W"},
+      {5, "2134807501640", "1"},
+      {6, "56310243031", "3"},
+      {28, "123456", "6"},
+      {21, "123456", "0"},
+      {21, "1", "9"},
+      {28, "", "0"},
+  };
+  for (const auto& row : cases) {
+    EXPECT_EQ(ComputeCheckDigits(row.method, row.data), row.expected)
+        << row.method << " " << row.data;
+  }
+}
+
+TEST(CheckDigits, AreAddedByMethodToTypesThatHaveNone) {
+  const struct {
+    int type, method;
+    const char* data;
+    const char* text;
+    const char* digits;
+    int count;
+  } cases[] = {
+      {8, 1, "CODE39", "CODE39", "", 0},   {8, 0, "CODE39", "CODE39", "", 0},
+      {8, 3, "CODE39", "CODE39W", "W", 1}, {8, 28, "123456", "1234566", "6", 1},
+      {3, 1, "123456", "123456", "", 0},   {3, 1, "12345", "012345", "", 0},
+      {3, 2, "12345", "123457", "7", 1},   {3, 2, "123456", "01234565", "5", 1},
+      {3, 21, "12345", "123455", "5", 1},
+  };
+  for (const auto& row : cases) {
+    SCOPED_TRACE(testing::Message() << row.type << " " << row.method << " " << row.data);
+    Library::Options options = OptionsFor(row.type, row.data);
+    options.checkDigitMethod = row.method;
+    EXPECT_EQ(Library::CheckDigitCount(options), row.count);
+    const Library::Symbol symbol = Library::Encode(options);
+    EXPECT_EQ(symbol.checkDigits, row.digits);
+    EXPECT_EQ(symbol.texts.at(0).text, row.text);
+    EXPECT_EQ(Scan(symbol).bytes, row.text);
+  }
+}
+
+TEST(CheckDigits, AreVerifiedOrCorrectedWhereTheyAreGiven) {
+  const struct {
+    int type;
+    std::string data, right;
+    char wrong;
+  } cases[] = {
+      {10, "9638507", "4", '5'}, {13, "400638133393", "1", '0'}, {34, "03600029145", "2", '9'}};
+  for (const auto& row : cases) {
+    SCOPED_TRACE(row.type);
+    const int place = static_cast<int>(row.data.size());
+    Library::Options options = OptionsFor(row.type, row.data + row.wrong);
+    EXPECT_EQ(RefusalOf(options), (Refusal{BC_E_INVALIDDATA, place}));
+    options.autoCorrect = 1;
+    EXPECT_EQ(Library::Encode(options).checkDigits, row.right);
+    for (const int method : {0, 1, 2}) {
+      options.checkDigitMethod = method;
+      EXPECT_EQ(Library::CheckDigitCount(options), 1);
+      options.data = row.data + row.right;
+      const std::string given = Scan(Library::Encode(options)).bytes;
+      options.data = row.data;
+      EXPECT_EQ(Scan(Library::Encode(options)).bytes, given);
+    }
+  }
+}
+
+TEST(CheckDigits, NameTheCharacterThatHasNoValueAndTheMethodThatIsNotAllowed) {
+  const struct {
+    int type, method;
+    const char* data;
+    Refusal expected;
+  } cases[] = {
+      {8, 28, "12A4", {BC_E_INVALIDDATA, 2}},
+      {3, 21, "6", {BC_E_INVALIDDATA, -1}},
+      {8, 2, "1234", {BC_E_INVALIDARG, -1}},
+      {13, 13, "400638133393", {BC_E_INVALIDARG, -1}},
+      {20, 17, "A", {BC_E_INVALIDARG, -1}},
+      {20, 99, "A", {BC_E_INVALIDARG, -1}},
+      {58, 2, "A", {BC_E_INVALIDARG, -1}},
+      {58, 0, "A", {BC_OK, -1}},
+      {20, 18, "A", {BC_OK, -1}},
+      {16, 17, "2112", {BC_OK, -1}},
+  };
+  for (const auto& row : cases) {
+    Library::Options options = OptionsFor(row.type, row.data);
+    options.checkDigitMethod = row.method;
+    EXPECT_EQ(RefusalOf(options), row.expected) << row.type << " " << row.method;
+  }
+}
