@@ -1,0 +1,36 @@
+#include "library/symbology/Encode.h"
+
+#include "library/Error.h"
+#include "library/prepare/Prepare.h"
+#include "library/symbology/Encoders.h"
+
+#include <utility>
+
+namespace Library {
+
+Symbol Encode(const Options& options) {
+  const Symbology* const symbology = FindSymbology(options.type);
+  if (symbology == nullptr) throw Error(BC_E_INVALIDARG);
+  if (options.compositeType != 0) throw Error(BC_E_NOTSUPPORTED);
+  PreparedData prepared = Prepare(options, *symbology);
+
+  Symbol symbol;
+  symbol.type = symbology->type;
+  symbol.geometry = symbology->geometry;
+  symbol.elements = symbology->elements;
+  symbol.checkDigits = std::move(prepared.checkDigits);
+  symbology->encoder({options, *symbology, prepared.data}, symbol);
+  return symbol;
+}
+
+int CheckDigitCount(const Options& options) {
+  const Symbology* const symbology = FindSymbology(options.type);
+  return symbology == nullptr ? 0 : CheckDigitCount(symbology->check, options.checkDigitMethod);
+}
+
+int MaxDataLength(int type) {
+  const Symbology* const symbology = FindSymbology(type);
+  return symbology == nullptr ? 0 : symbology->fixedLength;
+}
+
+}  // namespace Library

@@ -1,0 +1,28 @@
+// The encoders that the symbology table names.
+#pragma once
+
+#include "library/Options.h"
+#include "library/prepare/PreparedData.h"
+#include "library/symbology/Symbology.h"
+
+namespace Library {
+
+struct EncoderInput {
+  const Options& options;
+  const Symbology& symbology;
+  const Data& data;  // of the symbology's characters and length, check digits included
+};
+
+void EncodeCode128(const EncoderInput& input, Symbol& symbol);
+void EncodeGs1Code128(const EncoderInput& input, Symbol& symbol);
+void EncodeCode39(const EncoderInput& input, Symbol& symbol);
+void EncodeInterleaved2Of5(const EncoderInput& input, Symbol& symbol);
+void EncodeEan8(const EncoderInput& input, Symbol& symbol);
+void EncodeEan13(const EncoderInput& input, Symbol& symbol);
+void EncodeUpcA(const EncoderInput& input, Symbol& symbol);
+void EncodePdf417(const EncoderInput& input, Symbol& symbol);
+void EncodeQrCode(const EncoderInput& input, Symbol& symbol);
+void EncodeDataMatrix(const EncoderInput& input, Symbol& symbol);
+void EncodeAztec(const EncoderInput& input, Symbol& symbol);
+
+}  // namespace Library

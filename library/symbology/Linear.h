@@ -1,0 +1,29 @@
+// Building blocks of the encoders of one row of bars.
+#pragma once
+
+#include "library/symbology/Symbol.h"
+
+#include <string>
+#include <string_view>
+
+namespace Library {
+
+// Collects the runs of the one row of a linear symbol.
+class LinearRow {
+ public:
+  // `widths`: one digit per element, "212222".
+  void append(std::string_view widths);
+  int width() const { return total; }
+
+  // Makes it the symbol's row.
+  void finish(Symbol& symbol) &&;
+
+ private:
+  std::vector<int> runs;
+  int total = 0;
+};
+
+// One line of text over the whole symbol, for which the row must be finished; none when empty.
+void SetTextLine(Symbol& symbol, std::string text);
+
+}  // namespace Library

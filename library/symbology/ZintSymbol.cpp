@@ -1,0 +1,127 @@
+#include "library/symbology/ZintSymbol.h"
+
+#include "library/Error.h"
+#include "library/prepare/Gs1.h"
+#include "library/symbology/Encoders.h"
+
+#include <bit>
+#include <cstdint>
+#include <string>
+
+namespace Library {
+namespace {
+
+constexpr BCResult kInternalError = 0x80004005u;
+
+[[noreturn]] void ThrowFor(int zintError, BCResult overridden) {
+  switch (zintError) {
+    case ZINT_WARN_INVALID_OPTION:
+      throw Error(overridden);
+    case ZINT_ERROR_INVALID_DATA:
+    case ZINT_ERROR_INVALID_CHECK:
+      throw Error(BC_E_INVALIDDATA);
+    case ZINT_ERROR_INVALID_OPTION:
+      throw Error(BC_E_INVALIDARG);
+    case ZINT_ERROR_MEMORY:
+      throw Error(BC_E_OUTOFMEMORY);
+    default:
+      throw Error(kInternalError);
+  }
+}
+
+// 64 modules, the first in the lowest bit.
+std::uint64_t LoadWord(const unsigned char* bytes) {
+  std::uint64_t word = 0;
+  for (unsigned i = 0; i < 8; ++i) word |= std::uint64_t{bytes[i]} << (8 * i);
+  return word;
+}
+
+// Runs between the places where light and dark change, found a word at a time.
+std::vector<int> Runs(const unsigned char* modules, int width) {
+  constexpr int kMaxWords = sizeof(zint_symbol::encoded_data[0]) / sizeof(std::uint64_t);
+  std::uint64_t changes[kMaxWords];
+  const int words = (width + 63) / 64;
+  std::size_t count = 2;
+  std::uint64_t carry = 0;
+  for (int i = 0; i < words; ++i) {
+    const std::uint64_t word = LoadWord(modules + i * 8);
+    changes[i] = word ^ (word << 1 | carry);
+    carry = word >> 63;
+    count += static_cast<std::size_t>(std::popcount(changes[i]));
+  }
+
+  std::vector<int> runs;
+  runs.reserve(count);
+  // The first run is a bar, which is empty where the row begins light.
+  if ((modules[0] & 1) == 0) runs.push_back(0);
+  int last = 0;
+  for (int i = 0; i < words; ++i) {
+    for (std::uint64_t left = changes[i]; left != 0; left &= left - 1) {
+      const int place = i * 64 + std::countr_zero(left);
+      if (place == 0 || place >= width) continue;
+      runs.push_back(place - last);
+      last = place;
+    }
+  }
+  runs.push_back(width - last);
+  return runs;
+}
+
+}  // namespace
+
+ZintSymbol::ZintSymbol(int symbology) : symbol(ZBarcode_Create()) {
+  if (symbol == nullptr) throw Error(BC_E_OUTOFMEMORY);
+  symbol->symbology = symbology;
+  symbol->input_mode = DATA_MODE;
+}
+
+bool ZintSymbol::tryEncode(std::string_view data, BCResult overridden) {
+  const int asked = symbol->symbology;
+  const int result = ZBarcode_Encode(symbol, reinterpret_cast<const unsigned char*>(data.data()),
+                                     static_cast<int>(data.size()));
+  if (result == ZINT_ERROR_TOO_LONG) return false;
+  const bool good = result == 0 || result == ZINT_WARN_NONCOMPLIANT;
+  if (!good) ThrowFor(result, overridden);
+  if (symbol->symbology != asked) throw Error(kInternalError);
+  return true;
+}
+
+void ZintSymbol::encode(std::string_view data, BCResult overridden) {
+  if (!tryEncode(data, overridden)) throw Error(BC_E_DATATOOLONG);
+}
+
+void ZintSymbol::copyRows(Symbol& target, double rowHeight) const {
+  target.width = symbol->width;
+  target.rows.reserve(static_cast<std::size_t>(symbol->rows));
+  for (int row = 0; row < symbol->rows; ++row) {
+    target.rows.push_back({Runs(symbol->encoded_data[row], symbol->width), rowHeight});
+  }
+}
+
+void SetAppend(ZintSymbol& symbol, int sum, int index, int maxSum) {
+  if (sum < 2 || sum > maxSum || index < 1 || index > sum) throw Error(BC_E_INVALIDARG);
+  symbol->structapp.count = sum;
+  symbol->structapp.index = index;
+}
+
+MatrixContent ContentOf(const EncoderInput& input) {
+  const bool gs1 = input.symbology.takesGs1 != nullptr && input.symbology.takesGs1(input.options);
+  if (!gs1) return {Bytes(input.data), PrintableText(input.data), false};
+
+  ElementString elements = ParseElementString(input.data, input.options.autoCorrect > 0);
+  // An empty pair of brackets stands for FNC1 in libzint's unchecked element strings, the first for
+  // the mode.
+  std::string data = "[]";
+  data.reserve(elements.data.size() + 16);
+  for (const DataCharacter character : elements.data) {
+    if (character.isByte()) data += static_cast<char>(character.value);
+    if (character.value == kFnc1) data += "[]";
+  }
+  return {std::move(data), std::move(elements.text), true};
+}
+
+void SetInputMode(ZintSymbol& symbol, const MatrixContent& content) {
+  if (content.gs1) symbol->input_mode = GS1_MODE | GS1NOCHECK_MODE;
+}
+
+}  // namespace Library

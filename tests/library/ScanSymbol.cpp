@@ -1,0 +1,90 @@
+#include "tests/library/ScanSymbol.h"
+
+#include "library/Error.h"
+
+#include <ZXing/ReadBarcode.h>
+
+#include <cstdint>
+#include <vector>
+
+namespace {
+
+constexpr int kPixels = 3;  // per module
+constexpr int kQuiet = 12;  // modules
+constexpr int kLinearHeight = 20;
+
+struct Bitmap {
+  explicit Bitmap(int w, int h)
+      : width(w),
+        height(h),
+        pixels(static_cast<std::size_t>(w) * static_cast<std::size_t>(h), 255) {}
+
+  void paint(int left, int top, int right, int bottom) {
+    for (int y = top; y < bottom; ++y) {
+      for (int x = left; x < right; ++x) pixels[static_cast<std::size_t>(y * width + x)] = 0;
+    }
+  }
+
+  int width, height;
+  std::vector<std::uint8_t> pixels;
+};
+
+int Height(const Library::SymbolRow& row) {
+  return static_cast<int>(row.height == 0 ? kLinearHeight : row.height);
+}
+
+Bitmap Draw(const Library::Symbol& symbol) {
+  int height = 0;
+  for (const Library::SymbolRow& row : symbol.rows) height += Height(row);
+  Bitmap bitmap((symbol.width + 2 * kQuiet) * kPixels, (height + 2 * kQuiet) * kPixels);
+  int top = kQuiet;
+  for (const Library::SymbolRow& row : symbol.rows) {
+    int left = kQuiet;
+    bool dark = true;
+    for (const int run : row.runs) {
+      if (dark) {
+        bitmap.paint(left * kPixels, top * kPixels, (left + run) * kPixels,
+                     (top + Height(row)) * kPixels);
+      }
+      left += run;
+      dark = !dark;
+    }
+    top += Height(row);
+  }
+  return bitmap;
+}
+
+}  // namespace
+
+Scanned Scan(const Library::Symbol& symbol) {
+  const Bitmap bitmap = Draw(symbol);
+  ZXing::DecodeHints hints;
+  hints.setTryHarder(true);
+  hints.setIsPure(symbol.geometry == Library::Geometry::kMatrix);
+  const ZXing::Result result = ZXing::ReadBarcode(
+      {bitmap.pixels.data(), bitmap.width, bitmap.height, ZXing::ImageFormat::Lum}, hints);
+  const ZXing::ByteArray& bytes = result.bytes();
+  return {result.isValid() ? ZXing::ToString(result.format()) : "None",
+          std::string(bytes.begin(), bytes.end()),
+          result.symbologyIdentifier(),
+          result.sequenceIndex(),
+          result.sequenceSize(),
+          result.sequenceId(),
+          result.readerInit()};
+}
+
+Library::Options OptionsFor(int type, const std::string& data) {
+  Library::Options options;
+  options.type = type;
+  options.data = data;
+  return options;
+}
+
+Refusal RefusalOf(const Library::Options& options) {
+  try {
+    Library::Encode(options);
+    return {};
+  } catch (const Library::Error& error) {
+    return {error.code, error.position};
+  }
+}

@@ -1,0 +1,34 @@
+// Reads encoded symbols with ZXing from a bitmap of their modules.
+#pragma once
+
+#include "library/Options.h"
+#include "library/symbology/Encode.h"
+
+#include <ostream>
+#include <string>
+
+struct Scanned {
+  std::string format;  // ZXing's name, "None" when nothing was read
+  std::string bytes;
+  std::string identifier;  // "]C1"
+  int sequenceIndex = -1, sequenceSize = -1;
+  std::string sequenceId;
+  bool readerProgramming = false;
+};
+
+Scanned Scan(const Library::Symbol& symbol);
+
+Library::Options OptionsFor(int type, const std::string& data);
+
+// What Encode answers: a result code and the index of the character.
+struct Refusal {
+  BCResult code = BC_OK;
+  int position = -1;
+
+  bool operator==(const Refusal&) const = default;
+  friend std::ostream& operator<<(std::ostream& stream, const Refusal& refusal) {
+    return stream << std::hex << refusal.code << std::dec << " at " << refusal.position;
+  }
+};
+
+Refusal RefusalOf(const Library::Options& options);

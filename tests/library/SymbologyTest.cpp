@@ -1,0 +1,276 @@
+#include "library/symbology/Symbology.h"
+#include "tests/library/ScanSymbol.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <numeric>
+#include <random>
+
+namespace {
+
+using Library::Options;
+using Library::Symbol;
+
+std::string RandomBytes(int length, std::mt19937& random) {
+  std::string data;
+  for (int i = 0; i < length; ++i) data += static_cast<char>(random() & 0xFF);
+  return data;
+}
+
+int Dark(const Symbol& symbol) {
+  int dark = 0;
+  for (const auto& row : symbol.rows) {
+    for (std::size_t i = 0; i < row.runs.size(); i += 2) dark += row.runs[i];
+  }
+  return dark;
+}
+
+}  // namespace
+
+TEST(Symbologies, AreReadBackAsWhatTheyAre) {
+  const struct {
+    int type;
+    const char* format;
+    std::string data, scanned;
+  } cases[] = {
+      {3, "ITF", "12345670", "12345670"},
+      {8, "Code39", "CODE-39 $/+%.", "CODE-39 $/+%."},
+      {10, "EAN-8", "9638507", "96385074"},
+      {13, "EAN-13", "400638133393", "4006381333931"},
+      {16, "Code128", "(01)09501101530003", "0109501101530003"},
+      {20, "Code128", "Code 128", "Code 128"},
+      {34, "UPC-A", "03600029145", "036000291452"},
+      {55, "PDF417", "Test123", "Test123"},
+      {58, "QRCode", "Test123", "Test123"},
+      {71, "DataMatrix", "Test123", "Test123"},
+      {92, "Aztec", "Test123", "Test123"},
+  };
+  for (const auto& row : cases) {
+    SCOPED_TRACE(row.format);
+    const Symbol symbol = Library::Encode(OptionsFor(row.type, row.data));
+    const Scanned scanned = Scan(symbol);
+    EXPECT_EQ(scanned.format, row.format);
+    EXPECT_EQ(scanned.bytes, row.scanned);
+    for (const auto& line : symbol.rows) {
+      EXPECT_EQ(std::accumulate(line.runs.begin(), line.runs.end(), 0), symbol.width);
+      EXPECT_EQ(std::count(line.runs.begin() + 1, line.runs.end(), 0), 0);
+    }
+  }
+}
+
+TEST(Symbologies, OfRetailGroupTheirDigitsBetweenTheGuards) {
+  using Texts = std::vector<std::tuple<std::string, int, int>>;
+  const struct {
+    int type;
+    const char* data;
+    std::vector<std::pair<int, int>> guards;
+    Texts texts;
+  } cases[] = {
+      {10, "9638507", {{0, 3}, {31, 36}, {64, 67}}, {{"9638", 3, 31}, {"5074", 36, 64}}},
+      {13,
+       "400638133393",
+       {{0, 3}, {45, 50}, {92, 95}},
+       {{"4", -9, -2}, {"006381", 3, 45}, {"333931", 50, 92}}},
+      {34,
+       "03600029145",
+       {{0, 10}, {45, 50}, {85, 95}},
+       {{"0", -9, -2}, {"36000", 10, 45}, {"29145", 50, 85}, {"2", 97, 104}}},
+  };
+  for (const auto& row : cases) {
+    SCOPED_TRACE(row.type);
+    const Symbol symbol = Library::Encode(OptionsFor(row.type, row.data));
+    std::vector<std::pair<int, int>> guards;
+    for (const auto& guard : symbol.guards) guards.emplace_back(guard.from, guard.to);
+    EXPECT_EQ(guards, row.guards);
+    Texts texts;
+    for (const auto& text : symbol.texts) texts.emplace_back(text.text, text.from, text.to);
+    EXPECT_EQ(texts, row.texts);
+  }
+}
+
+TEST(Symbologies, OfTwoDimensionsHoldAllBytesAtEveryLength) {
+  std::mt19937 random{417};
+  for (const int type : {55, 58, 71, 92}) {
+    for (int length = 1; length < 1000; length += 1 + length / 12) {
+      const std::string data = RandomBytes(length, random);
+      EXPECT_EQ(Scan(Library::Encode(OptionsFor(type, data))).bytes, data)
+          << type << ", " << length;
+    }
+  }
+}
+
+TEST(Symbologies, RefuseMoreThanTheyHold) {
+  const struct {
+    int type;
+    char character;
+    int good, tooMany;
+  } cases[] = {
+      {3, '1', 90, 91},         {8, 'A', 85, 86},         {55, '1', 2700, 2711},
+      {55, 'A', 1845, 1851},    {55, 'a', 1355, 1356},    {55, '\xE9', 1100, 1112},
+      {58, '1', 7089, 7090},    {58, '\xE9', 2953, 2954}, {71, '1', 3116, 3117},
+      {71, '\xE9', 1555, 1557}, {92, '1', 3500, 3833},    {92, '\xE9', 1900, 2000},
+  };
+  for (const auto& row : cases) {
+    SCOPED_TRACE(testing::Message() << row.type << " " << row.character);
+    Options options =
+        OptionsFor(row.type, std::string(static_cast<std::size_t>(row.good), row.character));
+    options.qr.ecLevel = 0;
+    options.pdf417.ecLevel = 0;
+    EXPECT_EQ(RefusalOf(options), Refusal{});
+    options.data.assign(static_cast<std::size_t>(row.tooMany), row.character);
+    EXPECT_EQ(RefusalOf(options), (Refusal{BC_E_DATATOOLONG, -1}));
+  }
+  EXPECT_EQ(Library::MaxDataLength(13), 13);
+  EXPECT_EQ(Library::MaxDataLength(20), 0);
+  EXPECT_EQ(Library::MaxDataLength(94), 0);
+}
+
+TEST(SymbologyOptions, ShapeTheSymbol) {
+  const struct {
+    const char* name;
+    int type;
+    std::function<void(Options&)> set;
+    int rows, width;
+  } cases[] = {
+      {"PDF417 columns", 55, [](Options& o) { o.pdf417.columns = 5; }, 4, 154},
+      {"PDF417 rows", 55, [](Options& o) { o.pdf417.rows = 20; }, 20, 86},
+      {"PDF417 both", 55, [](Options& o) { o.pdf417.rows = 12, o.pdf417.columns = 4; }, 12, 137},
+      {"PDF417 ratio", 55, [](Options& o) { o.pdf417.ratio = "1:1"; }, 4, 154},
+      {"PDF417 flat", 55, [](Options& o) { o.pdf417.ratio = "1:6"; }, 3, 256},
+      {"QR version", 58, [](Options& o) { o.qr.version = 7; }, 45, 45},
+      {"Data Matrix square", 71, [](Options&) {}, 16, 16},
+      {"Data Matrix size", 71, [](Options& o) { o.dataMatrix.size = 10; }, 32, 32},
+      {"Data Matrix rectangle", 71, [](Options& o) { o.dataMatrix.rectangular = true; }, 12, 26},
+      {"Data Matrix 16x48", 71, [](Options& o) { o.dataMatrix.size = 30; }, 16, 48},
+      {"Aztec size", 92, [](Options& o) { o.aztec.size = 9; }, 37, 37},
+  };
+  for (const auto& row : cases) {
+    SCOPED_TRACE(row.name);
+    Options options = OptionsFor(row.type, "Symbol 123 shape");
+    row.set(options);
+    const Symbol symbol = Library::Encode(options);
+    EXPECT_EQ(static_cast<int>(symbol.rows.size()), row.rows);
+    EXPECT_EQ(symbol.width, row.width);
+    EXPECT_EQ(Scan(symbol).bytes, options.data);
+  }
+}
+
+TEST(SymbologyOptions, ThatTheDataDoNotFitAreRefused) {
+  const struct {
+    const char* name;
+    int type;
+    std::function<void(Options&)> set;
+    BCResult code;
+  } cases[] = {
+      {"PDF417 size", 55, [](Options& o) { o.pdf417.rows = 3, o.pdf417.columns = 1; },
+       BC_E_DATATOOLONG},
+      {"PDF417 area", 55, [](Options& o) { o.pdf417.rows = 90, o.pdf417.columns = 30; },
+       BC_E_INVALIDARG},
+      {"PDF417 ratio", 55, [](Options& o) { o.pdf417.ratio = "1:0"; }, BC_E_INVALIDARG},
+      {"PDF417 ratio", 55, [](Options& o) { o.pdf417.ratio = "wide"; }, BC_E_INVALIDARG},
+      {"PDF417 file name", 55, [](Options& o) { o.pdf417.fileName = "a"; }, BC_E_NOTSUPPORTED},
+      {"PDF417 index alone", 55, [](Options& o) { o.pdf417.segIndex = 0; }, BC_E_NOTSUPPORTED},
+      {"PDF417 index", 55, [](Options& o) { o.pdf417.segIndex = 2, o.pdf417.segCount = 2; },
+       BC_E_INVALIDARG},
+      {"QR version", 58, [](Options& o) { o.qr.version = 1; }, BC_E_DATATOOLONG},
+      {"QR industry", 58, [](Options& o) { o.qr.format = 2; }, BC_E_NOTSUPPORTED},
+      {"QR append", 58, [](Options& o) { o.qr.appendSum = 3, o.qr.appendIndex = 4; },
+       BC_E_INVALIDARG},
+      {"Data Matrix size", 71, [](Options& o) { o.dataMatrix.size = 2; }, BC_E_DATATOOLONG},
+      {"Data Matrix industry", 71, [](Options& o) { o.dataMatrix.format = 2; }, BC_E_NOTSUPPORTED},
+      {"Aztec size", 92, [](Options& o) { o.aztec.size = 1; }, BC_E_DATATOOLONG},
+      {"Aztec industry", 92, [](Options& o) { o.aztec.format = 2; }, BC_E_NOTSUPPORTED},
+      {"Aztec rune", 92, [](Options& o) { o.aztec.runes = true; }, BC_E_INVALIDDATA},
+      {"Aztec append", 92, [](Options& o) { o.aztec.append = true; }, BC_E_INVALIDARG},
+      {"composite", 13, [](Options& o) { o.compositeType = 1; }, BC_E_NOTSUPPORTED},
+  };
+  for (const auto& row : cases) {
+    Options options = OptionsFor(row.type, "Symbol 123 shape, too large");
+    row.set(options);
+    EXPECT_EQ(RefusalOf(options).code, row.code) << row.name;
+  }
+}
+
+TEST(SymbologyOptions, OfStructuredAppendReachTheReader) {
+  Options options;
+  options.data = "part";
+  options.pdf417.segIndex = 1;
+  options.pdf417.segCount = 3;
+  options.pdf417.fileId = "017099";
+  options.qr.appendSum = options.dataMatrix.appendSum = 3;
+  options.qr.appendIndex = options.dataMatrix.appendIndex = 2;
+  options.qr.appendParity = 201;
+  options.dataMatrix.appendFileId = 5 * 256 + 7;
+  options.aztec.append = true;
+  options.aztec.appendSum = 'C';
+  options.aztec.appendIndex = 'B';
+  options.aztec.messageId = "id";
+  const std::pair<int, const char*> ids[] = {{55, "017099"}, {58, "201"}, {71, "1287"}, {92, "id"}};
+  for (const auto& [type, id] : ids) {
+    SCOPED_TRACE(type);
+    options.type = type;
+    const Scanned scanned = Scan(Library::Encode(options));
+    EXPECT_EQ(scanned.sequenceIndex, 1);
+    EXPECT_EQ(scanned.sequenceSize, 3);
+    EXPECT_EQ(scanned.sequenceId, id);
+    EXPECT_EQ(scanned.bytes, "part");
+  }
+}
+
+TEST(SymbologyOptions, OfDataMatrixFormatsReachTheReader) {
+  Options options = OptionsFor(71, "Data");
+  const int plain = Dark(Library::Encode(options));
+  options.dataMatrix.format = 3;
+  EXPECT_EQ(Scan(Library::Encode(options)).bytes,
+            "[)>\x1E"
+            "05\x1D"
+            "Data\x1E\x04");
+  EXPECT_EQ(Library::Encode(options).width, 12);  // one code word, not nine characters
+  options.dataMatrix.format = 4;
+  EXPECT_EQ(Scan(Library::Encode(options)).bytes,
+            "[)>\x1E"
+            "06\x1D"
+            "Data\x1E\x04");
+  options.dataMatrix.format = 5;
+  EXPECT_TRUE(Scan(Library::Encode(options)).readerProgramming);
+  EXPECT_NE(Dark(Library::Encode(options)), plain);
+}
+
+TEST(SymbologyOptions, OfAztecGiveTheErrorCorrectionAskedFor) {
+  std::mt19937 random{92};
+  for (const int length : {1, 20, 45, 55, 62, 70, 300, 500}) {
+    const std::string data = RandomBytes(length, random);
+    int last = 0;
+    for (const int percent : {0, 5, 10, 15, 23, 30, 36, 45, 50, 60}) {
+      SCOPED_TRACE(testing::Message() << length << " bytes, " << percent << " %");
+      Options options = OptionsFor(92, data);
+      options.aztec.errorCorrection = percent;
+      const Symbol symbol = Library::Encode(options);
+      EXPECT_EQ(Scan(symbol).bytes, data);
+      EXPECT_GE(symbol.width, last);
+      last = symbol.width;
+    }
+  }
+}
+
+TEST(SymbologyOptions, OfAztecCompactSizesMakeNoSymbolThatCannotBeRead) {
+  std::mt19937 random{64};
+  Options options = OptionsFor(92, "");
+  options.aztec.size = 4;
+  int read = 0;
+  for (int length = 30; length < 70; ++length) {
+    options.data = RandomBytes(length, random);
+    if (RefusalOf(options).code == BC_E_DATATOOLONG) continue;
+    EXPECT_EQ(Scan(Library::Encode(options)).bytes, options.data) << length;
+    ++read;
+  }
+  EXPECT_GE(read, 5);
+  EXPECT_LT(read, 20);
+
+  options = OptionsFor(92, "25");
+  options.aztec.runes = true;
+  EXPECT_EQ(Library::Encode(options).width, 11);
+  options.data = "256";
+  EXPECT_EQ(RefusalOf(options), (Refusal{BC_E_INVALIDDATA, 0}));
+}
