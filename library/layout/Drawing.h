@@ -32,12 +32,13 @@ struct Ring {
 };
 
 struct TextRun {
-  std::string text;        // Latin-1
-  std::string font;        // PostScript name
-  std::int32_t size = 0;   // font height in thousandths of a millimetre
-  Point anchor;            // left end of the baseline, in the text's own direction
-  std::int32_t width = 0;  // of the text at that size, by the font's metrics
-  int rotation = 0;        // quarter turns counter-clockwise
+  std::string text;          // Latin-1
+  std::string font;          // PostScript name
+  std::int32_t size = 0;     // font height in thousandths of a millimetre
+  Point anchor;              // left end of the baseline, in the text's own direction
+  std::int32_t width = 0;    // of the text at that size, by the font's metrics and the spacing
+  std::int32_t spacing = 0;  // room between two characters in addition to the font's own
+  int rotation = 0;          // quarter turns counter-clockwise
 };
 
 struct Drawing {

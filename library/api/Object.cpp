@@ -1,0 +1,107 @@
+// Life of a barcode object, and what can be asked of it.
+#include "library/api/Barcode.h"
+#include "library/api/CopyText.h"
+#include "library/layout/ElementWidths.h"
+#include "library/layout/RowHeights.h"
+#include "library/symbology/Encode.h"
+
+#include <algorithm>
+#include <new>
+#include <stdexcept>
+
+namespace Library {
+namespace {
+
+// E_FAIL: a fault of ours, not one that the interface names.
+constexpr BCResult kInternalError = 0x80004005u;
+
+int CountRows(const Symbol& symbol) {
+  if (symbol.geometry == Geometry::kLinear || symbol.geometry == Geometry::kFourState) return 1;
+  return static_cast<int>(
+      std::count_if(symbol.rows.begin(), symbol.rows.end(), [&symbol](const SymbolRow& row) {
+        return symbol.geometry != Geometry::kStacked || !IsSeparator(row);
+      }));
+}
+
+}  // namespace
+
+Error CurrentError() noexcept {
+  try {
+    throw;
+  } catch (const Error& error) {
+    return error;
+  } catch (const std::bad_alloc&) {
+    return Error(BC_E_OUTOFMEMORY);
+  } catch (const std::length_error&) {
+    return Error(BC_E_OUTOFMEMORY);
+  } catch (...) {
+    return Error(kInternalError);
+  }
+}
+
+}  // namespace Library
+
+using namespace Library;
+
+BCResult BCAlloc(BCBarcode** handle) {
+  if (!handle) return BC_E_INVALIDARG;
+  *handle = nullptr;
+  if (!IsSessionOpen()) return BC_E_INVALIDARG;
+  *handle = new (std::nothrow) BCBarcode;
+  return *handle ? BC_OK : BC_E_OUTOFMEMORY;
+}
+
+// Works without a session too, so that nothing has to leak.
+BCResult BCFree(BCBarcode* b) {
+  if (!b) return BC_E_INVALIDARG;
+  delete b;
+  return BC_OK;
+}
+
+BCResult BCCreate(BCBarcode* b) {
+  return Guarded(b, [](BCBarcode& barcode) {
+    barcode.symbol.reset();
+    barcode.lastError = Error(BC_OK);
+    Symbol symbol = Encode(barcode.options);
+    ElementWidths(symbol, barcode.options.ratio);  // throws for a ratio that does not suit it
+    barcode.symbol = std::move(symbol);
+  });
+}
+
+int BCGetBCType(BCBarcode* b) {
+  return b ? b->options.type : 0;
+}
+
+int BCGetMaxLenOfData(int type) {
+  return MaxDataLength(type);
+}
+
+int BCGetCheckDigitsA(BCBarcode* b, char* buffer, int size) {
+  if (!b) return -1;
+  CopyText(b->symbol ? b->symbol->checkDigits : std::string(), buffer, size);
+  try {
+    return CheckDigitCount(b->options);
+  } catch (...) {
+    return 0;
+  }
+}
+
+const char* BCGetTextA(BCBarcode* b) {
+  return b ? b->options.data.c_str() : "";
+}
+
+int BCGetInvalidDataPos(BCBarcode* b) {
+  return b ? b->lastError.position : -1;
+}
+
+int BCGetCountRows(BCBarcode* b) {
+  return b && b->symbol ? CountRows(*b->symbol) : 0;
+}
+
+int BCGet2DCompositeComponent(BCBarcode* b) {
+  return b ? b->options.compositeType : 0;
+}
+
+int BCGet_CompSym_ErrorInCC(BCBarcode* b) {
+  return b && b->lastError.inComposite;
+}

@@ -1,0 +1,76 @@
+// The parts that setters are made of: Set(handle, member, value, check). A check turns the value
+// given into the value to store, or throws; so a rejected value changes nothing. A change takes
+// back BCCreate, for the symbol no longer shows what the object holds.
+#pragma once
+
+#include "library/api/Barcode.h"
+
+#include <cmath>
+#include <string>
+
+namespace Library {
+
+[[noreturn]] inline void Reject() {
+  throw Error(BC_E_INVALIDARG);
+}
+
+// Checks. Each is called with the value and the default of the member it goes to.
+
+struct InRange {
+  double low, high;
+  template <class Value>
+  Value operator()(Value value, Value) const {
+    if (!(value >= low && value <= high)) Reject();  // NaN is in no range
+    return value;
+  }
+};
+
+// -1 gives the default.
+struct InRangeOrDefault {
+  double low, high;
+  template <class Value>
+  Value operator()(Value value, Value standard) const {
+    return value == -1 ? standard : InRange{low, high}(value, standard);
+  }
+};
+
+struct AnyText {
+  std::string operator()(const char* text, const std::string&) const {
+    if (!text) Reject();
+    return text;
+  }
+};
+
+struct Switch {
+  template <class Value>
+  Value operator()(int on, Value) const {
+    return static_cast<Value>(on != 0);
+  }
+};
+
+constexpr double kMaxLength = 1e8;  // 1/1000 mm: 100 m
+constexpr InRangeOrDefault kLength{0, kMaxLength};
+
+// Changes the options and forgets the symbol.
+template <class Change>
+BCResult Apply(BCBarcode* handle, Change&& change) noexcept {
+  return Guarded(handle, [&](BCBarcode& barcode) {
+    change(barcode.options);
+    barcode.symbol.reset();
+  });
+}
+
+template <class Member, class Value, class Check>
+BCResult Set(BCBarcode* handle, Member Options::*member, Value value, Check check) noexcept {
+  return Apply(handle,
+               [&](Options& options) { options.*member = check(value, Options{}.*member); });
+}
+
+template <class Group, class Member, class Value, class Check>
+BCResult Set(BCBarcode* handle, Group Options::*group, Member Group::*member, Value value,
+             Check check) noexcept {
+  return Apply(handle,
+               [&](Options& options) { options.*group.*member = check(value, Group{}.*member); });
+}
+
+}  // namespace Library

@@ -1,0 +1,91 @@
+#include "library/layout/Layout.h"
+
+#include "library/Error.h"
+#include "library/layout/Bars.h"
+#include "library/layout/Hexagons.h"
+#include "library/layout/Placement.h"
+#include "library/layout/TextLayout.h"
+
+#include <algorithm>
+#include <cmath>
+#include <tuple>
+
+namespace Library {
+namespace {
+
+struct Corner {
+  double left, bottom;
+};
+
+Corner LowerLeft(const BCRect& r) {
+  return {static_cast<double>(std::min(r.left, r.right)),
+          static_cast<double>(std::min(r.top, r.bottom))};
+}
+
+Box SizeOf(const BCRect& r) {
+  return {std::abs(static_cast<double>(r.right) - r.left),
+          std::abs(static_cast<double>(r.top) - r.bottom)};
+}
+
+Box Turned(const Box& box, int quarterTurns) {
+  return quarterTurns % 2 == 0 ? box : Box{box.height, box.width};
+}
+
+Measures MeasureChecked(const Symbol& symbol, const Options& options, const Box& box) {
+  Measures m = Measure(symbol, options, box);
+  if (options.mustFit && !m.fits) throw Error(BC_E_MUSTFIT);
+  return m;
+}
+
+Placement Place(const Measures& m, const Options& options, const BCRect& rectangle) {
+  auto [left, bottom] = LowerLeft(rectangle);
+  if (SizeModeOf(options) == SizeMode::kFit) {
+    const Box box = SizeOf(rectangle), size = Turned({m.width, m.height}, options.rotation);
+    left += std::max(box.width - size.width, 0.0) / 2;
+    bottom += std::max(box.height - size.height, 0.0) / 2;
+  }
+  return {m.width, m.height, options.rotation, left, bottom};
+}
+
+// From top to bottom and from left to right, so that bars of one row follow each other.
+void SortRows(std::vector<Rectangle>& rectangles) {
+  std::sort(rectangles.begin(), rectangles.end(), [](const Rectangle& a, const Rectangle& b) {
+    return std::tie(b.top, b.bottom, a.left) < std::tie(a.top, a.bottom, b.left);
+  });
+}
+
+}  // namespace
+
+Box MeasureSymbol(const Symbol& symbol, const Options& options, const BCRect& rectangle) {
+  const Measures m = MeasureChecked(symbol, options, SizeOf(rectangle));
+  return {m.width, m.height};
+}
+
+Drawing LayOut(const Symbol& symbol, const Options& options, const BCRect& rectangle) {
+  const Box box = Turned(SizeOf(rectangle), options.rotation);
+  const Measures m = MeasureChecked(symbol, options, box);
+  const Placement placement = Place(m, options, rectangle);
+  Drawing drawing;
+  drawing.box = placement.rectangle(0, 0, m.width, m.height);
+  drawing.opaqueBackground = options.backgroundMode == 2;
+  drawing.colorMode = options.colorMode;
+  drawing.background = options.background;
+  drawing.barColor = options.barcodeColor;
+  drawing.fontColor = options.fontColor;
+  const auto add = [&](const std::vector<Bar>& bars) {
+    for (const Bar& b : bars) {
+      drawing.rectangles.push_back(placement.rectangle(b.left, b.bottom, b.right, b.top));
+    }
+  };
+  if (symbol.geometry == Geometry::kHexagonal) {
+    DrawHexagons(symbol, options, m, placement, drawing);
+  } else {
+    add(LayOutBars(symbol, options, m));
+    add(LayOutBearerBars(options, m));
+    SortRows(drawing.rectangles);
+  }
+  DrawText(symbol, options, m, placement, drawing);
+  return drawing;
+}
+
+}  // namespace Library

@@ -1,0 +1,155 @@
+#include "library/layout/Measure.h"
+
+#include "library/layout/Outline.h"
+#include "library/layout/RowHeights.h"
+#include "library/layout/Units.h"
+#include "library/symbology/Symbology.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace Library {
+namespace {
+
+// The smallest X in 1/1000 mm that a decoder reads, by the number of the decoder setting.
+constexpr double kDecoderMinimum[] = {190, 254, 338, 190};
+
+// With whole dots, the smallest symbol still gets two of them: one dot more or less is then no
+// misread.
+constexpr double kMinimalDots = 2;
+
+// A module width counts as so many dots when no more than this share of a dot is missing: printers
+// called 203 dpi have 8 dots per millimetre.
+constexpr double kDotSlack = 0.02;
+
+constexpr double kDefaultPoints = 10, kNarrowPoints = 8;
+constexpr double kNarrow = 30 * kMillimetre;
+
+class Sizer {
+ public:
+  Sizer(const Symbol& encoded, const Options& settings, const Box& room, double defaultPoints)
+      : symbol(encoded),
+        options(settings),
+        box(room),
+        type(*FindSymbology(encoded.type)),
+        mode(SizeModeOf(settings)),
+        outline(encoded, settings, PlanText(encoded, settings, defaultPoints)) {}
+
+  Measures measure() const;
+
+ private:
+  double chooseModule() const;
+  double fitModule() const;
+  double minimalModule() const;
+  bool fits(double module, double tolerance) const;
+  double contentHeight(double module) const;
+
+  const Symbol& symbol;
+  const Options& options;
+  const Box& box;
+  const Symbology& type;
+  SizeMode mode;
+  Outline outline;
+};
+
+// Square modules and hexagons: the width settles the height.
+bool HasProportions(Geometry geometry) {
+  return geometry == Geometry::kMatrix || geometry == Geometry::kHexagonal;
+}
+
+double Sizer::contentHeight(double module) const {
+  return module * (symbol.geometry == Geometry::kHexagonal
+                       ? HexagonRowsHeight(symbol)
+                       : static_cast<double>(symbol.rows.size()));
+}
+
+bool Sizer::fits(double module, double tolerance) const {
+  if (outline.width(module) > box.width + tolerance) return false;
+  return !HasProportions(symbol.geometry) ||
+         outline.below(module) + contentHeight(module) + outline.above(module) <=
+             box.height + tolerance;
+}
+
+// The largest module width that fits; 0: none, or not one whole dot.
+double Sizer::fitModule() const {
+  double low = 0, high = box.width / outline.modules();
+  if (!fits(0, 0)) return 0;
+  if (fits(high, 0)) {
+    low = high;
+  } else {
+    for (int i = 0; i < 60; ++i) {
+      const double middle = (low + high) / 2;
+      (fits(middle, 0) ? low : high) = middle;
+    }
+  }
+  if (!options.optimalResolution) return low;
+  const double dot = kInch / options.dpiX;
+  const double dots = std::floor(low / dot);
+  return (fits((dots + 1) * dot, kBoxTolerance) ? dots + 1 : dots) * dot;
+}
+
+double Sizer::minimalModule() const {
+  // Postal and parcel services fix the size of their symbols.
+  const bool fixed =
+      symbol.geometry == Geometry::kFourState || symbol.geometry == Geometry::kHexagonal;
+  const double least = fixed ? type.nominalX : kDecoderMinimum[options.decoder];
+  if (!options.optimalResolution) return least;
+  const double dot = kInch / options.dpiX;
+  return std::max(std::ceil(least / dot - kDotSlack), kMinimalDots) * dot;
+}
+
+double Sizer::chooseModule() const {
+  switch (mode) {
+    case SizeMode::kFit:
+      if (const double module = fitModule(); module > 0) return module;
+      return minimalModule();  // does not fit: as small as it can be read
+    case SizeMode::kModule: {
+      const double module = options.moduleWidth > 0 ? options.moduleWidth : type.nominalX;
+      if (!options.optimalResolution) return module;
+      const double dot = kInch / options.dpiX;
+      return std::max(std::floor(module / dot + kDotSlack), 1.0) * dot;
+    }
+    case SizeMode::kMinimal:
+      break;
+  }
+  return minimalModule();
+}
+
+Measures Sizer::measure() const {
+  Measures m;
+  const double x = m.module = chooseModule();
+  m.width = outline.width(x);
+  m.left = outline.left(x);
+  m.right = m.left + outline.modules() * x;
+  m.bottom = outline.below(x);
+  m.top = m.bottom;
+  const double rowSpace = box.height - outline.below(x) - outline.above(x);
+  if (HasProportions(symbol.geometry)) {
+    m.rowHeights.assign(symbol.rows.size(), x);
+    m.top += contentHeight(x);
+  } else {
+    m.rowHeights = RowHeights(symbol, options, mode, {x, m.right - m.left, rowSpace});
+    for (double height : m.rowHeights) m.top += height;
+  }
+  m.height = m.top + outline.above(x);
+  m.guardDrop = outline.guardDrop(x);
+  m.bearer = outline.bearer(x);
+  m.text = outline.text();
+  m.fits = m.width <= box.width + kBoxTolerance && m.height <= box.height + kBoxTolerance;
+  return m;
+}
+
+}  // namespace
+
+SizeMode SizeModeOf(const Options& options) {
+  if (options.sizeMode >= 0) return static_cast<SizeMode>(options.sizeMode);
+  return options.moduleWidth > 0 ? SizeMode::kModule : SizeMode::kFit;
+}
+
+Measures Measure(const Symbol& symbol, const Options& options, const Box& box) {
+  const Measures m = Sizer(symbol, options, box, kDefaultPoints).measure();
+  if (!m.text.shown || m.right - m.left >= kNarrow) return m;
+  return Sizer(symbol, options, box, kNarrowPoints).measure();
+}
+
+}  // namespace Library

@@ -1,0 +1,92 @@
+#include "library/layout/Outline.h"
+
+#include "library/layout/ElementWidths.h"
+#include "library/layout/Units.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace Library {
+namespace {
+
+// Bearer bars of ITF-14 are 4.8 mm where a printing plate presses on them; 5 X do for all else.
+constexpr double kBearerModules = 5;
+constexpr double kMaxDefaultBearer = 4800;
+
+// Between a frame and the bars, so that a reader sees no bar in the frame (ISO/IEC 16390).
+constexpr double kFrameQuietModules = 10;
+
+constexpr double kGuardDropModules = 5;
+
+double ModulesAcross(const Symbol& symbol, std::string_view ratio) {
+  const ElementWidths widths(symbol, ratio);
+  double modules = symbol.width;
+  if (ratio.empty() || symbol.elements == ElementRule::kNoRatio) return modules;
+  for (const SymbolRow& row : symbol.rows) {
+    modules = Columns(row, symbol.width, widths).width();
+  }
+  return modules;
+}
+
+}  // namespace
+
+bool HasBearerFrame(int type) {
+  return type == 2;
+}
+bool HasBearerAbove(int type) {
+  return type == 1 || type == 2 || type == 3;
+}
+bool HasBearerBelow(int type) {
+  return type == 1 || type == 2 || type == 4;
+}
+
+Outline::Outline(const Symbol& symbol, const Options& settings, const TextPlan& textPlan)
+    : options(settings),
+      plan(textPlan),
+      columns(ModulesAcross(symbol, settings.ratio)),
+      bearerBars(symbol.geometry == Geometry::kLinear && settings.bearerBarType != 0),
+      guards(!symbol.guards.empty()) {}
+
+// With whole dots asked for, margins are whole dots too, so that every bar begins on one.
+double Outline::onDots(double length) const {
+  if (!options.optimalResolution) return length;
+  const double dot = kInch / options.dpiX;
+  return std::round(length / dot) * dot;
+}
+
+double Outline::quiet(double value, double dpi, double x) const {
+  return value * LengthOf(options.quietZoneUnit, dpi, x).value_or(0);
+}
+
+double Outline::side(double quietZone, int textModules, double x) const {
+  double margin = std::max(quiet(quietZone, options.dpiX, x), textModules * x);
+  if (bearerBars && HasBearerFrame(options.bearerBarType)) {
+    margin = std::max(margin, kFrameQuietModules * x) + bearer(x);
+  }
+  return onDots(margin);
+}
+
+double Outline::bearer(double x) const {
+  if (!bearerBars) return 0;
+  if (options.bearerBarWidth > 0) return onDots(options.bearerBarWidth);
+  return onDots(std::min(kBearerModules * x, kMaxDefaultBearer));
+}
+
+double Outline::guardDrop(double x) const {
+  if (!guards) return 0;
+  if (options.notchHeight >= 0) return options.notchHeight;
+  return plan.standsBetweenGuards() ? kGuardDropModules * x : 0;
+}
+
+double Outline::above(double x) const {
+  const double bar = HasBearerAbove(options.bearerBarType) ? bearer(x) : 0;
+  return bar + plan.bandAbove() + quiet(options.quietZone.top, options.dpiY, x);
+}
+
+double Outline::below(double x) const {
+  const double bar = HasBearerBelow(options.bearerBarType) ? bearer(x) : 0;
+  return std::max(bar + plan.bandBelow(), guardDrop(x)) +
+         quiet(options.quietZone.bottom, options.dpiY, x);
+}
+
+}  // namespace Library

@@ -1,0 +1,115 @@
+#include "library/layout/RowHeights.h"
+
+#include "library/layout/Units.h"
+#include "library/symbology/Symbology.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+
+namespace Library {
+namespace {
+
+// Bars below this do not fit into the box: nobody sweeps a scanner along less.
+constexpr double kLeastBarHeight = 2 * kMillimetre;
+
+constexpr double kLogisticsMinimum = 6350, kLogisticsShare = 0.15;
+constexpr double kGeneralMinimum = 5 * kMillimetre;
+
+// Rows of fixed height that have to fill a box may shrink to this share of their height.
+constexpr double kLeastScale = 0.5;
+
+// Heights that the options set for the rows of a family, -1: none.
+struct SetHeights {
+  std::int32_t row = -1, separator = -1;
+};
+
+SetHeights HeightsSet(const Options& options) {
+  switch (options.type) {
+    case 55:
+    case 56:
+    case 84:
+    case 106:
+    case 107:
+    case 108:
+    case 109:  // the PDF417 family
+      return {options.pdf417.rowHeight, -1};
+    case 74:
+    case 110:
+    case 111:  // Codablock-F
+      return {options.codablock.rowHeight, options.codablock.separatorHeight};
+    default:
+      return {};
+  }
+}
+
+// Height of a linear symbol, or of the linear part of a composite one, when nothing asks for more.
+double LinearMinimum(MinimalHeight rule, double width) {
+  if (rule != MinimalHeight::kLogistics) return kGeneralMinimum;
+  return std::max(kLogisticsShare * width, kLogisticsMinimum);
+}
+
+bool IsFlexible(const SymbolRow& row) {
+  return row.height <= 0;
+}
+
+// Rows of fixed height fill the box when there is no other that could; separators stay.
+void Stretch(const Symbol& symbol, double room, std::vector<double>& heights) {
+  double stretching = 0, all = 0;
+  for (std::size_t i = 0; i < heights.size(); ++i) {
+    all += heights[i];
+    if (!IsSeparator(symbol.rows[i])) stretching += heights[i];
+  }
+  if (stretching <= 0) return;
+  const double scale = (room - (all - stretching)) / stretching;
+  if (scale < kLeastScale) return;
+  for (std::size_t i = 0; i < heights.size(); ++i) {
+    if (!IsSeparator(symbol.rows[i])) heights[i] *= scale;
+  }
+}
+
+}  // namespace
+
+bool IsSeparator(const SymbolRow& row) {
+  return row.height > 0 && row.height <= 1;
+}
+
+double HexagonRowsHeight(const Symbol& symbol) {
+  // Rows are cos 30 degrees apart; a hexagon stands on its tip.
+  const double pitch = std::sqrt(3.0) / 2, tall = 2 / std::sqrt(3.0);
+  return pitch * (static_cast<double>(symbol.rows.size()) - 1) + tall;
+}
+
+std::vector<double> RowHeights(const Symbol& symbol, const Options& options, SizeMode mode,
+                               const RowSpace& space) {
+  const Symbology& type = *FindSymbology(symbol.type);
+  const SetHeights set = HeightsSet(options);
+  const bool linear = type.minimalHeight != MinimalHeight::kNone || type.rowHeight <= 0;
+  const double own = linear        ? LinearMinimum(type.minimalHeight, space.width)
+                     : set.row > 0 ? set.row
+                                   : type.rowHeight * space.module;
+  std::vector<double> heights;
+  double fixed = 0;
+  int flexible = 0;
+  for (const SymbolRow& row : symbol.rows) {
+    const bool setSeparator = IsSeparator(row) && set.separator >= 0;
+    heights.push_back(setSeparator ? set.separator : row.height * space.module);
+    fixed += heights.back();
+    flexible += IsFlexible(row);
+  }
+  if (flexible == 0) {
+    if (mode == SizeMode::kFit) Stretch(symbol, space.height, heights);
+    return heights;
+  }
+  double share = own;
+  const double room = (space.height - fixed) / flexible;
+  const double least = linear ? kLeastBarHeight : space.module;
+  if (mode == SizeMode::kFit && room >= least) share = room;
+  if (mode == SizeMode::kModule && linear) share = std::max(room, own);
+  for (std::size_t i = 0; i < heights.size(); ++i) {
+    if (IsFlexible(symbol.rows[i])) heights[i] = share;
+  }
+  return heights;
+}
+
+}  // namespace Library
