@@ -115,8 +115,8 @@ TEST(Producers, BarcodesAppearInTheJobsOfEveryProgram) {
     const std::vector<Symbol> symbols = Support::Decode(rendering.pages[0]);
     ASSERT_EQ(symbols.size(), 1u) << Support::Describe(symbols);
     EXPECT_EQ(symbols[0].data, "Made123");
-    EXPECT_NEAR(symbols[0].x, 30 + 70 / 2, 3) << Support::Describe(symbols);
-    EXPECT_NEAR(symbols[0].y, 100 + 25 / 2, 8) << Support::Describe(symbols);
+    EXPECT_NEAR(symbols[0].x, 30 + 70 / 2.0, 3) << Support::Describe(symbols);
+    EXPECT_NEAR(symbols[0].y, 100 + 25 / 2.0, 25 / 2.0) << Support::Describe(symbols);
   }
 }
 

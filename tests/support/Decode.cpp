@@ -32,9 +32,12 @@ Symbol Convert(const ZXing::Result& result, const Page& page) {
 
 }  // namespace
 
-std::vector<Symbol> Decode(const Page& page) {
+std::vector<Symbol> Decode(const Page& page, int atMost) {
   ZXing::DecodeHints hints;
-  hints.setTryHarder(true).setTryRotate(true).setMaxNumberOfSymbols(64);
+  hints.setTryHarder(true).setTryRotate(true);
+  hints.setMaxNumberOfSymbols(static_cast<std::uint8_t>(atMost));
+  // ZXing 1.4 stops at an assertion when it meets a linear symbol among several at two scales.
+  hints.setTryDownscale(atMost == 1);
   const ZXing::ImageView image(page.gray.data(), page.width, page.height, ZXing::ImageFormat::Lum);
   std::vector<Symbol> symbols;
   for (const ZXing::Result& result : ZXing::ReadBarcodes(image, hints)) {

@@ -15,8 +15,9 @@ struct Symbol {
   int orientation = 0;  // degrees counter-clockwise from upright, a multiple of 90
 };
 
-// All symbols on the page, as ZXing reads them.
-std::vector<Symbol> Decode(const Page& page);
+// The symbols on the page, as ZXing reads them, which looks harder for a single one. The middle of
+// a linear symbol is that of some line through it.
+std::vector<Symbol> Decode(const Page& page, int atMost = 1);
 // The same by ZBar, which knows neither Data Matrix nor Aztec nor PDF417; without orientation.
 std::vector<Symbol> DecodeWithZBar(const Page& page);
 

@@ -52,7 +52,7 @@ std::string Group(std::string_view bytes) {
 }  // namespace
 
 std::string HexString(std::string_view text) {
-  constexpr std::string_view kDigits = "0123456789abcdef";
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
   std::string hex = "<";
   for (const char c : text) {
     hex += kDigits[static_cast<unsigned char>(c) >> 4];
