@@ -67,7 +67,7 @@ Diag::ResultCode Filter::dispatch() {
     handlePjl();
   } else if (c == '%' && postScript) {
     copyComment();
-  } else if (next == "<<" && postScript) {
+  } else if (next.starts_with("<<") && postScript) {
     stream.forward(2);
   } else if ((c == '(' || c == '<') && postScript) {
     return handlePostScriptString();
