@@ -273,6 +273,46 @@ TEST(Embedding, LeavesCommentsAndOtherLanguagesAlone) {
   });
 }
 
+TEST(Embedding, TellsPostScriptFromPclByTheFirstLine) {
+  const std::string job = "(" + kSequence + ")\n";
+  const std::string string = kBarcode + "(" + kBlanked + ")\n";  // in PostScript
+  const std::string raw = "(" + kDrawing + kRawBlanked + ")\n";  // in PCL
+  const std::string far = std::string(4095, ' ') + "%!PS\n",
+                    near = std::string(4091, ' ') + "%!PS\n";
+  const std::string pjl = kExit + "@PJL ENTER LANGUAGE=POSTSCRIPT\n%!PS\n" + kExit + "@PJL\n";
+  CheckRows({
+      {"header", {}, "%!PS-Adobe-3.0\n" + job, "%!PS-Adobe-3.0\n" + string},
+      {"header within the line", {}, "\x04%!PS\n" + job, "\x04%!PS\n" + string},
+      {"no whole header", {}, "%!P S\n" + job, "%!P S\n" + raw},
+      {"header on the second line", {}, "\n%!PS\n" + job, "\n%!PS\n" + raw},
+      {"header at the end of what decides", {}, near + job, near + string},
+      {"header behind it", {}, far + job, far + raw},
+      {"exit before the header", {}, kExit + "%!PS\n" + job, kExit + "%!PS\n" + raw},
+      {"called PostScript", {"stream=ps"}, "x\n" + job, "x\n" + string},
+      {"called PCL", {"stream=PCL"}, "%!PS\n" + job, "%!PS\n" + raw},
+      {"back to a language whose name begins with PCL",
+       {},
+       pjl + "@PJL ENTER LANGUAGE = PCL3GUI\n" + job,
+       pjl + "@PJL ENTER LANGUAGE = PCL3GUI\n" + raw},
+      {"no other language is known",
+       {},
+       pjl + "@PJL ENTER LANGUAGE = HPGL2\n" + job,
+       pjl + "@PJL ENTER LANGUAGE = HPGL2\n" + string},
+      {"PJL is none in a job called PostScript",
+       {"stream=ps"},
+       "x\n@PJL ENTER LANGUAGE=PCL\n" + job,
+       "x\n@PJL ENTER LANGUAGE=PCL\n" + string},
+  });
+}
+
+TEST(Embedding, EndsStringsAtLineEndsWhenConfigured) {
+  const std::string job = "%!PS\n(open\n(x" + kSequence + ") show\n";
+  CheckRows({{"line by line",
+              {"linebyline"},
+              job,
+              "%!PS\n(open\n" + kBarcode + "(x" + kBlanked + ") show\n"}});
+}
+
 TEST(Embedding, ReadsTheOptionsOfRawSequencesInPostScriptStrings) {
   const struct {
     const char* name;
