@@ -80,14 +80,16 @@ void WriteRun(const TextRun& run, const Font& font, const Point& origin, TextBui
 }  // namespace
 
 void WriteText(std::span<const TextRun> texts, const Point& origin, TextBuilder& out) {
+  const auto any = [texts](auto&& is) { return std::any_of(texts.begin(), texts.end(), is); };
+  if (any([](const TextRun& run) { return !FindFont(run.font).standard; })) {
+    out.line(kFitProcedure);
+  }
+  if (any([](const TextRun& run) { return NeedsLatin1(run.text); })) out.line(kLatin1Procedure);
   const TextRun* last = nullptr;
   for (const TextRun& run : texts) {
     const Font font = FindFont(run.font);
-    const bool latin1 = NeedsLatin1(run.text);
-    if (!last && !font.standard) out.line(kFitProcedure);
-    if (latin1 && (!last || !NeedsLatin1(last->text))) out.line(kLatin1Procedure);
     if (!last || run.font != last->font || run.size != last->size ||
-        latin1 != NeedsLatin1(last->text)) {
+        NeedsLatin1(run.text) != NeedsLatin1(last->text)) {
       WriteFont(run, font, out);
     }
     WriteRun(run, font, origin, out);

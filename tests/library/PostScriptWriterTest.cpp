@@ -1,0 +1,378 @@
+#include "library/layout/Layout.h"
+#include "library/symbology/Encode.h"
+#include "library/writer/PostScriptWriter.h"
+#include "tests/library/ScanSymbol.h"
+#include "tests/support/Render.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <sstream>
+#include <utility>
+#include <vector>
+
+namespace Library {
+namespace {
+
+using Support::Page;
+using Support::Render;
+using Support::Rendering;
+
+constexpr Color kWhite = {{1, 1, 1, 0}};
+constexpr int kPagePoints = 288;  // a page is that wide and high
+
+std::string OnPage(const std::string& body) {
+  const std::string size = std::to_string(kPagePoints);
+  return "%!\n<< /PageSize [" + size + " " + size + "] >> setpagedevice\n" + body;
+}
+
+std::string Fragment(const Drawing& drawing) {
+  return PostScriptWriter(false).write(drawing);
+}
+
+Drawing LayOutText(int type, const std::string& data, const BCRect& rectangle, int rotation = 0) {
+  Options options = OptionsFor(type, data);
+  options.rotation = rotation;
+  return LayOut(Encode(options), options, rectangle);
+}
+
+Drawing BarsOf(const std::vector<Rectangle>& rectangles) {
+  Drawing drawing;
+  drawing.box = {0, 0, 90000, 90000};
+  drawing.background = kWhite;
+  drawing.rectangles = rectangles;
+  return drawing;
+}
+
+// Bars and spaces of one module each, from `left` on.
+Drawing Comb(double left, double module, int bars) {
+  std::vector<Rectangle> rectangles;
+  for (int i = 0; i < bars; ++i) {
+    const auto edge = [&](int k) {
+      return static_cast<std::int32_t>(std::lround(left + k * module));
+    };
+    rectangles.push_back({edge(2 * i), 20000, edge(2 * i + 1), 40000});
+  }
+  return BarsOf(rectangles);
+}
+
+// Where dark begins and ends along a row of pixels, or along a column from below.
+std::vector<int> Edges(const Page& page, int line, bool alongColumn) {
+  std::vector<int> edges;
+  bool dark = false;
+  const int length = alongColumn ? page.height : page.width;
+  for (int i = 0; i < length; ++i) {
+    const int x = alongColumn ? line : i, y = alongColumn ? page.height - 1 - i : line;
+    const bool next = page.gray[static_cast<std::size_t>(y * page.width + x)] < 128;
+    if (next != dark) edges.push_back(i);
+    dark = next;
+  }
+  return edges;
+}
+
+std::vector<int> RowEdges(const Rendering& rendering, double millimetresFromBelow) {
+  const Page& page = rendering.pages.at(0);
+  const auto line = static_cast<int>(page.height - millimetresFromBelow / 25.4 * page.dpi);
+  return Edges(page, line, false);
+}
+
+struct TurnedSymbol {
+  const char* data;
+  int rotation;
+  Drawing drawing;
+};
+
+std::vector<TurnedSymbol> TurnedSymbols() {
+  std::vector<TurnedSymbol> symbols;
+  for (const auto& [type, data] :
+       {std::pair{13, "400638133393"}, {20, "Hello World 123"}, {8, "CODE-39"}}) {
+    for (int rotation : {0, 1, 2, 3}) {
+      const BCRect box = rotation % 2 == 1 ? BCRect{20013, 75000, 40000, 10017}
+                                           : BCRect{10017, 40000, 75000, 20013};
+      symbols.push_back({data, rotation, LayOutText(type, data, box, rotation)});
+    }
+  }
+  return symbols;
+}
+
+// The edges that a line through the middle of the bars crosses, in dots.
+std::vector<double> IdealEdges(const TurnedSymbol& symbol, int dpi) {
+  std::vector<double> edges;
+  const bool turned = symbol.rotation % 2 == 1;
+  for (const Rectangle& r : symbol.drawing.rectangles) {
+    if ((turned ? r.width() : r.height()) < 10000) continue;
+    edges.push_back((turned ? r.bottom : r.left) / 25400.0 * dpi);
+    edges.push_back((turned ? r.top : r.right) / 25400.0 * dpi);
+  }
+  std::sort(edges.begin(), edges.end());
+  return edges;
+}
+
+Rendering RenderPages(const std::vector<std::string>& pages, int dpi) {
+  std::string job;
+  for (const std::string& page : pages) job += page + "showpage\n";
+  return Render(OnPage(job), dpi);
+}
+
+TEST(DeviceDots, EveryEdgeIsTheNearestDot) {
+  const std::vector<TurnedSymbol> symbols = TurnedSymbols();
+  std::vector<std::string> pages;
+  for (const TurnedSymbol& symbol : symbols) pages.push_back(Fragment(symbol.drawing));
+  for (int dpi : {203, 300, 600}) {
+    const Rendering rendering = RenderPages(pages, dpi);
+    ASSERT_EQ(rendering.messages, "");
+    ASSERT_EQ(rendering.pages.size(), symbols.size());
+    for (std::size_t number = 0; number < symbols.size(); ++number) {
+      const TurnedSymbol& symbol = symbols[number];
+      SCOPED_TRACE(testing::Message()
+                   << symbol.data << " at " << dpi << " dpi, turned " << symbol.rotation);
+      const Page& page = rendering.pages[number];
+      const int middle = static_cast<int>(std::lround(30 / 25.4 * dpi));
+      const bool turned = symbol.rotation % 2 == 1;
+      const std::vector<int> edges = Edges(page, turned ? middle : page.height - middle, turned);
+      const std::vector<double> ideal = IdealEdges(symbol, dpi);
+      ASSERT_EQ(edges.size(), ideal.size());
+      EXPECT_NEAR(edges[0], ideal[0], .51);
+      for (std::size_t i = 0; i < edges.size(); ++i) {
+        EXPECT_NEAR(edges[i] - edges[0], ideal[i] - ideal[0], .51) << "edge " << i;
+      }
+    }
+  }
+}
+
+TEST(DeviceDots, ModulesOfWholeDotsAreEqualAnywhereOnThePage) {
+  constexpr int kPlaces = 8;
+  for (int dpi : {203, 300, 600}) {
+    for (int dots : {2, 3}) {
+      const double dot = 25400.0 / dpi;
+      std::vector<std::string> pages;
+      for (int place = 0; place < kPlaces; ++place) {
+        pages.push_back(Fragment(Comb(10000 + place * dot / kPlaces, dots * dot, 40)));
+      }
+      const Rendering rendering = RenderPages(pages, dpi);
+      ASSERT_EQ(rendering.pages.size(), pages.size()) << rendering.messages;
+      for (const Page& page : rendering.pages) {
+        SCOPED_TRACE(testing::Message() << dpi << " dpi, " << dots << " dots");
+        const std::vector<int> edges = Edges(page, page.height * 7 / 10, false);
+        ASSERT_EQ(edges.size(), 80u);
+        for (std::size_t i = 1; i < edges.size(); ++i) EXPECT_EQ(edges[i] - edges[i - 1], dots);
+      }
+    }
+  }
+}
+
+// An interpreter may paint every dot that a shape touches, or those whose centre it holds.
+TEST(DeviceDots, DoNotDependOnTheFillRule) {
+  const Drawing comb = Comb(10000, 3 * 25400.0 / 300, 40);
+  for (const char* adjust : {"0", "0.5"}) {
+    const std::string rule = std::string(adjust) + " dup .setfilladjust2\n";
+    const Rendering rendering = Render(OnPage(rule + Fragment(comb) + "showpage\n"), 300);
+    ASSERT_EQ(rendering.messages, "");
+    const std::vector<int> edges = RowEdges(rendering, 30);
+    ASSERT_EQ(edges.size(), 80u);
+    for (std::size_t i = 1; i < edges.size(); ++i) {
+      EXPECT_EQ(edges[i] - edges[i - 1], 3) << adjust;
+    }
+  }
+}
+
+TEST(DeviceDots, BarsBelowOneDotStillShow) {
+  const std::vector<int> edges =
+      RowEdges(Render(OnPage(Fragment(Comb(10000, 400, 10)) + "showpage\n"), 25), 30);
+  EXPECT_FALSE(edges.empty());
+}
+
+TEST(DeviceDots, HoldOnPagesTurnedScaledAndMirrored) {
+  const Drawing comb = Comb(1000, 3 * 25400.0 / 300, 20);
+  const struct {
+    const char* name;
+    const char* setup;
+    bool alongColumn;
+    double line;  // millimetres from the left or lower edge
+    int dots;
+  } kRows[] = {
+      {"turned left", "200 100 translate 90 rotate", true, 70.56 - 30, 3},
+      {"turned right", "0 200 translate -90 rotate", true, 30, 3},
+      {"upside down", "250 200 translate 180 rotate", false, 70.56 - 30, 3},
+      {"mirrored", "200 0 translate -1 1 scale", false, 30, 3},
+      {"doubled", "2 2 scale", false, 60, 6},
+  };
+  for (const auto& row : kRows) {
+    SCOPED_TRACE(row.name);
+    const Rendering rendering =
+        Render(OnPage(std::string(row.setup) + "\n" + Fragment(comb) + "showpage\n"), 300);
+    const Page& page = rendering.pages.at(0);
+    const int line = static_cast<int>(row.line / 25.4 * 300);
+    const std::vector<int> edges =
+        Edges(page, row.alongColumn ? line : page.height - line, row.alongColumn);
+    ASSERT_EQ(edges.size(), 40u);
+    for (std::size_t i = 1; i < edges.size(); ++i) EXPECT_EQ(edges[i] - edges[i - 1], row.dots);
+  }
+}
+
+// A drawing with everything in it.
+Drawing Everything() {
+  Drawing drawing = LayOutText(20, "It's \xC4", {10000, 40000, 60000, 20000}, 1);
+  drawing.polygons.push_back({{{10000, 10000}, {12000, 10000}, {11000, 12000}}});
+  drawing.rings.push_back({{20000, 20000}, 3000, 1000});
+  drawing.texts.push_back({.text = "text",
+                           .font = "No Such Font",
+                           .size = 3000,
+                           .anchor = {1000, 1000},
+                           .width = 9000});
+  return drawing;
+}
+
+TEST(EmbeddedPostScript, LeavesStacksAndGraphicsStateAsTheyWere) {
+  const std::string state =
+      "[ count 1 sub countdictstack matrix currentmatrix aload pop currentpoint currentgray "
+      "currentlinewidth currentfont /FontName get ] ==\n";
+  for (const char* wrapper : {"", "gsave\n", "save\n"}) {
+    const std::string job = "/Courier findfont 10 scalefont setfont .3 setgray 7 setlinewidth\n" +
+                            std::string("30 40 moveto 1 2 3\n") + wrapper + state +
+                            Fragment(Everything()) + state + "showpage\n";
+    const Rendering rendering = Render(OnPage(job), 72);
+    std::istringstream lines(rendering.messages);
+    std::string before, after, more;
+    std::getline(lines, before);
+    std::getline(lines, after);
+    EXPECT_FALSE(before.empty());
+    EXPECT_EQ(after, before);
+    EXPECT_FALSE(std::getline(lines, more)) << rendering.messages;
+  }
+}
+
+TEST(EmbeddedPostScript, DefinesNothingInTheDictionariesOfItsHost) {
+  const std::string names =
+      "userdict length currentdict length globaldict length 3 array astore ==\n";
+  const Rendering rendering =
+      Render(OnPage(names + Fragment(Everything()) + names + "showpage\n"), 72);
+  const std::size_t end = rendering.messages.find('\n');
+  EXPECT_EQ(rendering.messages.substr(0, end + 1), rendering.messages.substr(end + 1));
+}
+
+TEST(EmbeddedPostScript, StandsAloneTwiceOnOnePage) {
+  const Drawing left = Comb(10000, 300, 10), right = Comb(40000, 300, 10);
+  const Rendering rendering = Render(OnPage(Fragment(left) + Fragment(right) + "showpage\n"), 300);
+  EXPECT_EQ(rendering.messages, "");
+  // The second background covers the first symbol.
+  EXPECT_EQ(RowEdges(rendering, 30).size(), 20u);
+}
+
+TEST(Eps, PrintsAsAJobOfItsOwn) {
+  const Rendering rendering = Render(PostScriptWriter(true).write(Everything()), 72);
+  EXPECT_EQ(rendering.messages, "");
+  EXPECT_EQ(rendering.pages.size(), 1u);
+}
+
+TEST(Eps, StatesItsBox) {
+  Drawing drawing = BarsOf({{1000, 1000, 2000, 2000}});
+  drawing.box = {-1000, 25400, 50800, 76200};
+  const std::string eps = PostScriptWriter(true).write(drawing);
+  EXPECT_TRUE(eps.starts_with("%!PS-Adobe-3.0 EPSF-3.0\n"));
+  EXPECT_NE(eps.find("\n%%BoundingBox: -3 72 144 216\n"), std::string::npos) << eps;
+  EXPECT_NE(eps.find("\n%%HiResBoundingBox: -2.834646 72 144 216\n"), std::string::npos);
+  EXPECT_NE(eps.find("\n%%EndComments\n"), std::string::npos);
+  EXPECT_TRUE(eps.ends_with("\nshowpage\n"));
+}
+
+TEST(HostileText, NeverBecomesCode) {
+  const std::string attack = ")> show } stop %%EOF\n%%Page: 1 1\nshowpage quit\\\xFF<~";
+  Drawing drawing = BarsOf({{10000, 10000, 20000, 20000}});
+  drawing.texts.push_back({.text = attack,
+                           .font = "/Helvetica) quit\n%%EOF",
+                           .size = 3000,
+                           .anchor = {1000, 30000},
+                           .width = 9000});
+  drawing.texts.push_back({.text = attack + std::string(2000, 'x'),
+                           .font = "Helvetica",
+                           .size = 300,
+                           .anchor = {1000, 30000}});
+  for (bool overhead : {false, true}) {
+    const std::string output = PostScriptWriter(overhead).write(drawing);
+    EXPECT_EQ(output.find("quit"), std::string::npos);
+    std::istringstream lines(output);
+    for (std::string line; std::getline(lines, line);) {
+      EXPECT_LE(line.size(), 255u);
+      for (const char* keyword : {"%%Page", "%%Trailer", "%%EOF"}) {
+        EXPECT_FALSE(line.starts_with(keyword)) << line;
+      }
+      for (char c : line) EXPECT_TRUE(c >= ' ' && c <= '~') << static_cast<int>(c);
+    }
+    const Rendering rendering = Render(overhead ? output : OnPage(output + "showpage\n"), 72);
+    EXPECT_EQ(rendering.pages.size(), 1u);
+    EXPECT_EQ(rendering.messages.find("Error"), std::string::npos) << rendering.messages;
+  }
+}
+
+TEST(Colours, BlackIsPureInEveryMode) {
+  const Color kCmykWhite = {{0, 0, 0, 0}}, kCmykBlack = {{0, 0, 0, 1}};
+  const struct {
+    int mode;
+    Color background, bars;
+    const char* expected[2];
+  } kRows[] = {
+      {0, kWhite, {}, {"1 setgray", "0 setgray"}},
+      {1, kWhite, {}, {"1 setgray", "0 setgray"}},
+      {2, kCmykWhite, kCmykBlack, {"0 0 0 0 setcmykcolor", "0 0 0 1 setcmykcolor"}},
+      {0, {{1, .5, 0, 0}}, {{0, 0, .25, 0}}, {"1 0.5 0 setrgbcolor", "0 0 0.25 setrgbcolor"}},
+  };
+  for (const auto& row : kRows) {
+    SCOPED_TRACE(row.expected[1]);
+    Drawing drawing = BarsOf({{10000, 10000, 20000, 20000}});
+    drawing.colorMode = row.mode;
+    drawing.background = row.background;
+    drawing.barColor = drawing.fontColor = row.bars;
+    const std::string opaque = Fragment(drawing);
+    EXPECT_LT(opaque.find(row.expected[0]), opaque.find("rectfill"));
+    EXPECT_NE(opaque.find(row.expected[1]), std::string::npos);
+    drawing.opaqueBackground = false;
+    EXPECT_EQ(Fragment(drawing).find("rectfill"), std::string::npos);
+  }
+}
+
+// The ink of one character, as a share of the page.
+int InkOf(const TextRun& run) {
+  Drawing drawing;
+  drawing.box = {0, 0, 90000, 90000};
+  drawing.background = kWhite;
+  drawing.texts = {run};
+  const Rendering rendering = Render(OnPage(Fragment(drawing) + "showpage\n"), 72);
+  EXPECT_EQ(rendering.messages, "");
+  int ink = 0;
+  for (std::uint8_t pixel : rendering.pages.at(0).gray) ink += pixel < 128;
+  return ink;
+}
+
+TEST(TextFonts, HaveTheLettersOfLatin1) {
+  const auto letter = [](const char* text) {
+    return TextRun{.text = text, .font = "Helvetica", .size = 30000, .anchor = {10000, 30000}};
+  };
+  EXPECT_GT(InkOf(letter("\xC4")), InkOf(letter("A")));  // dots on the A
+  EXPECT_LT(InkOf(letter("-")), InkOf(letter("+")));
+  // The hyphen beside a letter of Latin-1 is still a hyphen, not a minus.
+  EXPECT_EQ(InkOf(letter("-\xA0")), InkOf(letter("-")));
+  EXPECT_GT(InkOf(letter("'")), 0);
+}
+
+TEST(Output, IsSmall) {
+  const struct {
+    int type;
+    std::string data;
+    std::size_t bytes;
+  } kRows[] = {
+      {13, "400638133393", 1100},           {20, "Hello World 123", 1300},
+      {71, "Data Matrix 0123456789", 2000}, {58, "https://example.org/label/123456", 3500},
+      {58, std::string(2300, 'x'), 100000},
+  };
+  for (const auto& row : kRows) {
+    const std::string output =
+        Fragment(LayOutText(row.type, row.data, {10000, 60000, 60000, 10000}));
+    EXPECT_LT(output.size(), row.bytes) << row.type;
+    EXPECT_EQ(output, Fragment(LayOutText(row.type, row.data, {10000, 60000, 60000, 10000})));
+  }
+}
+
+}  // namespace
+}  // namespace Library
