@@ -2,6 +2,7 @@
 #include "engine/GenerateWithSettings.h"
 #include "filter/Filter.h"
 #include "filter/PostScriptString.h"
+#include "filter/v1/Version1.h"
 #include "parser/StringParser.h"
 
 namespace Filter {
@@ -9,6 +10,13 @@ namespace {
 
 int FormatFor(int streamType) {
   return streamType == Settings::kStreamPcl ? Settings::kFormatPcl : Settings::kFormatPostScript;
+}
+
+Diag::ResultCode ReadParameters(const std::string& text, bool version1,
+                                Settings::BarcodeSettings& settings) {
+  if (version1) return ParseVersion1(text, settings);
+  Parser::StringParser parser(text);
+  return settings.readOptions(parser);
 }
 
 }  // namespace
@@ -20,8 +28,7 @@ Diag::ResultCode Filter::processSequence(std::string& text) {
   log.Trace(Diag::kDebug, "Barcode escape sequence (without begin and end token): ", text);
   const std::string sequence = text;
   Settings::BarcodeSettings settings = application.barcode;
-  Parser::StringParser parser(sequence);
-  if (const ResultCode result = settings.readOptions(parser)) {
+  if (const ResultCode result = ReadParameters(sequence, application.v1format, settings)) {
     log.Trace(Diag::kError, "Barcode Sequence: ", sequence);
     text.clear();
     return result;
