@@ -1,5 +1,6 @@
 #include "filter/Filter.h"
 
+#include "filter/OrvellaParameters.h"
 #include "settings/GlobalSettings.h"
 
 #include <algorithm>
@@ -75,6 +76,8 @@ Diag::ResultCode Filter::dispatch() {
     return handleEscapeSequence();
   } else if (c == '\n') {
     handleLineFeed();
+  } else if (c == kOrvellaControl && application.orvella) {
+    return handleOrvellaSequence();
   } else {
     stream.forward(1);
   }
@@ -97,6 +100,7 @@ const ByteSet& Filter::interestingBytes() {
   if (lines) interesting.add('\n');
   if (pjlActive) interesting.add('@');
   if (!application.escapeBegin.empty()) interesting.add(application.escapeBegin.front());
+  if (application.orvella) interesting.add(kOrvellaControl);
   return interesting;
 }
 

@@ -10,6 +10,7 @@
 //     Language.cpp         PostScript or PCL: first line, PJL
 //     RawSequences.cpp     sequences among plain bytes, insert pattern
 //     StringSequences.cpp  sequences in PostScript strings, whole or split
+//     Orvella.cpp          Orvella control sequences
 //     Placement.cpp        sequence text to barcode, and the barcode to its place
 #pragma once
 
@@ -76,6 +77,12 @@ class Filter {
   void copyToEndString(std::string& token, Progress& progress);
   ResultCode reportUnclosedSequence();
 
+  // Orvella control sequences
+  ResultCode handleOrvellaSequence();
+  ResultCode handleOrvellaHeader();
+  ResultCode handleOrvellaBody();
+  bool readOrvellaSequence(std::string& sequence, std::size_t front, std::string_view end);
+
   // Barcodes
   ResultCode processSequence(std::string& text);
   ResultCode insertBarcode(std::string& sequence, bool stringFollows);
@@ -92,6 +99,8 @@ class Filter {
   std::string sequenceText;
   // Finished output that waits for its insertion point.
   std::string pendingBarcode;
+  // The last header, with the parameters of the bodies behind it; empty before the first.
+  std::string orvellaHeader;
   // A waiting barcode may be written at the next insertion point.
   bool insertArmed;
   bool pjlActive = false;
