@@ -46,7 +46,8 @@ Data Compress(const Data& data, int algorithm) {
   std::string bytes = Bytes(data);
   if (bytes.size() > std::numeric_limits<int>::max()) throw Error(BC_E_DATATOOLONG);
   Deflater deflater(WindowBits(algorithm));
-  std::string packed(deflateBound(&deflater.stream, static_cast<uLong>(bytes.size())), '\0');
+  // The longest is nine bits to a byte, with the wrapper; deflateBound falls short of it.
+  std::string packed(bytes.size() + bytes.size() / 8 + 64, '\0');
   deflater.stream.next_in = reinterpret_cast<Bytef*>(bytes.data());
   deflater.stream.avail_in = static_cast<uInt>(bytes.size());
   deflater.stream.next_out = reinterpret_cast<Bytef*>(packed.data());

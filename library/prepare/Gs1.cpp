@@ -125,16 +125,12 @@ const ApplicationIdentifier* BracketedIdentifier(Data::const_iterator at,
   return close != end && close->value == ')' ? found : nullptr;
 }
 
-void AppendText(std::string& text, Data::const_iterator begin, Data::const_iterator end) {
-  text += PrintableText(Data(begin, end));
-}
-
 void AppendElementText(std::string& text, Data::const_iterator begin, Data::const_iterator end,
                        int identifierDigits) {
   text += '(';
-  AppendText(text, begin, begin + identifierDigits);
+  AppendPrintable(text, begin, begin + identifierDigits);
   text += ')';
-  AppendText(text, begin + identifierDigits, end);
+  AppendPrintable(text, begin + identifierDigits, end);
 }
 
 class BracketedParser {
@@ -199,7 +195,7 @@ void AppendFieldText(std::string& text, Data::const_iterator at, Data::const_ite
     AppendElementText(text, at, at + length, found->digits);
     at += length;
   }
-  AppendText(text, at, end);
+  AppendPrintable(text, at, end);
 }
 
 bool IsSeparator(const DataCharacter& character) {

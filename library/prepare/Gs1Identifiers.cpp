@@ -20,10 +20,10 @@ constexpr ApplicationIdentifier kIdentifiers[] = {
     {254, 254, 3, "X..20"},          // location extension
     {255, 255, 3, "N13c N..12?"},    // coupon
     {30, 30, 2, "N..8"},             // variable count
-    {3100, 3169, 4, "N6"},           // trade measures
-    {3200, 3379, 4, "N6"},           // trade and logistic measures
-    {3400, 3579, 4, "N6"},           // logistic measures
-    {3600, 3699, 4, "N6"},           // logistic measures
+    {3100, 3169, 4, "N6", 5},        // trade measures
+    {3200, 3379, 4, "N6", 5},        // trade and logistic measures
+    {3400, 3579, 4, "N6", 5},        // logistic measures
+    {3600, 3699, 4, "N6", 5},        // logistic measures
     {37, 37, 2, "N..8"},             // count of items
     {3900, 3909, 4, "N..15"},        // amount payable
     {3910, 3919, 4, "N3 N..15"},     // amount payable with currency
@@ -94,7 +94,7 @@ constexpr ApplicationIdentifier kIdentifiers[] = {
     {8005, 8005, 4, "N6"},           // price per unit
     {8006, 8006, 4, "N14c N4"},      // piece of a trade item
     {8007, 8007, 4, "X..34"},        // IBAN
-    {8008, 8008, 4, "N8 N..4?"},     // production date and time
+    {8008, 8008, 4, "N8 N2? N2?"},   // production date and time
     {8009, 8009, 4, "X..50"},        // sensor indicator
     {8010, 8010, 4, "Y..30"},        // component or part
     {8011, 8011, 4, "N..12"},        // its serial number
@@ -138,9 +138,11 @@ int LeadingNumber(std::string_view text, int digits) {
 }  // namespace
 
 const ApplicationIdentifier* FindApplicationIdentifier(std::string_view text) {
+  const int numbers[] = {LeadingNumber(text, 2), LeadingNumber(text, 3), LeadingNumber(text, 4)};
   for (const ApplicationIdentifier& identifier : kIdentifiers) {
-    const int number = LeadingNumber(text, identifier.digits);
-    if (number >= identifier.first && number <= identifier.last) return &identifier;
+    const int number = numbers[identifier.digits - 2];
+    const bool inRange = number >= identifier.first && number <= identifier.last;
+    if (inRange && number % 10 <= identifier.lastDigit) return &identifier;
   }
   return nullptr;
 }

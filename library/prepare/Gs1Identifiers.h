@@ -16,6 +16,7 @@ struct ApplicationIdentifier {
   int first, last;  // numbers, both ends included
   int digits;       // of the identifier itself
   std::string_view content;
+  int lastDigit = 9;  // the largest, where it tells the decimal places
 };
 
 // The identifier that `text` begins with, null: none.

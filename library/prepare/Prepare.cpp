@@ -35,10 +35,13 @@ void CheckCharacters(Data& data, const CharacterSet& characters, bool functionCh
 }
 
 void CheckLength(const Data& data, const Symbology& symbology) {
+  const auto marks = std::count_if(data.begin(), data.end(), IsCheckDigitPlace);
   const auto length = std::count_if(data.begin(), data.end(), [](const DataCharacter& character) {
-    return character.isByte() || character.isFunction() || IsCheckDigitPlace(character);
+    return character.isByte() || character.isFunction();
   });
-  if (length > symbology.maxLength) throw Error(BC_E_DATATOOLONG);
+  // A check digit still to come counts where it belongs to the data.
+  const bool counted = symbology.check.kind == CheckKind::kLast;
+  if (length + (counted ? marks : 0) > symbology.maxLength) throw Error(BC_E_DATATOOLONG);
   if (length < symbology.minLength) throw Error(BC_E_INVALIDDATA);
 }
 

@@ -18,12 +18,16 @@ std::string Bytes(const Data& data) {
   return bytes;
 }
 
+void AppendPrintable(std::string& text, Data::const_iterator begin, Data::const_iterator end) {
+  for (; begin != end; ++begin) {
+    if (IsPrintable(begin->value)) text += static_cast<char>(begin->value);
+  }
+}
+
 std::string PrintableText(const Data& data) {
   std::string text;
   text.reserve(data.size());
-  for (const DataCharacter character : data) {
-    if (IsPrintable(character.value)) text += static_cast<char>(character.value);
-  }
+  AppendPrintable(text, data.begin(), data.end());
   return text;
 }
 

@@ -36,5 +36,6 @@ std::string Bytes(const Data& data);
 
 // What of the data a human reads: the printable Latin-1 characters.
 std::string PrintableText(const Data& data);
+void AppendPrintable(std::string& text, Data::const_iterator begin, Data::const_iterator end);
 
 }  // namespace Library

@@ -7,9 +7,7 @@
 #include "library/Error.h"
 
 #include <algorithm>
-#include <array>
 #include <limits>
-#include <string>
 
 namespace Library {
 namespace {
@@ -26,9 +24,10 @@ struct State {
   CodeSet set;
   bool latched;
 };
+// Those with FNC4 latched last: most data need none of them.
 constexpr State kStates[] = {
     {kSetA, false}, {kSetB, false}, {kSetC, false}, {kSetA, true}, {kSetB, true}};
-constexpr std::size_t kStateCount = std::size(kStates);
+constexpr std::size_t kUnlatchedStates = 3;
 
 // A data character with what holds at its place.
 struct Token {
@@ -43,14 +42,15 @@ struct Token {
 
 struct Step {
   int cost = std::numeric_limits<int>::max();
-  std::uint8_t from = 0;  // state
-  std::uint8_t taken = 0;
-  std::uint8_t count = 0;
-  std::array<std::uint8_t, 3> values{};
+  int from = 0;              // state
+  int taken = 0;             // data characters
+  int count = 0;             // symbol characters
+  std::uint32_t values = 0;  // theirs, the last in the lowest byte
 
   bool reached() const { return cost != std::numeric_limits<int>::max(); }
   Step& add(int value) {
-    values[count++] = static_cast<std::uint8_t>(value);
+    values = values << 8 | static_cast<std::uint32_t>(value);
+    ++count;
     return *this;
   }
 };
@@ -101,11 +101,9 @@ void MarkFnc4(std::vector<Token>& tokens) {
 
 class ShortestPath {
  public:
-  explicit ShortestPath(std::vector<Token> characters)
-      : tokens(std::move(characters)), steps(tokens.size() * kStateCount) {
-    for (std::size_t state = 0; state < 3; ++state) at(0, state).cost = 0;
-    const auto isExtended = [](const Token& token) { return token.extended; };
-    mayLatch = std::any_of(tokens.begin(), tokens.end(), isExtended);
+  explicit ShortestPath(const std::vector<Token>& characters)
+      : tokens(characters), stateCount(StatesFor(characters)), steps(tokens.size() * stateCount) {
+    for (std::size_t state = 0; state < kUnlatchedStates; ++state) at(0, state).cost = 0;
   }
 
   std::vector<std::uint8_t> run() {
@@ -113,7 +111,7 @@ class ShortestPath {
     for (std::size_t place = 0; place <= end; ++place) {
       changeState(place);
       if (place == end) break;
-      for (std::size_t state = 0; state < kStateCount; ++state) {
+      for (std::size_t state = 0; state < stateCount; ++state) {
         if (at(place, state).reached()) take(place, state);
       }
     }
@@ -121,44 +119,54 @@ class ShortestPath {
   }
 
  private:
-  Step& at(std::size_t place, std::size_t state) { return steps[place * kStateCount + state]; }
+  static std::size_t StatesFor(const std::vector<Token>& tokens) {
+    const auto isExtended = [](const Token& token) { return token.extended; };
+    const bool mayLatch = std::any_of(tokens.begin(), tokens.end(), isExtended);
+    return mayLatch ? std::size(kStates) : kUnlatchedStates;
+  }
+
+  Step& at(std::size_t place, std::size_t state) { return steps[place * stateCount + state]; }
 
   // Records `step`, whose values are filled in, as a way from `state` at `place` to `target`.
-  void offer(std::size_t place, std::size_t state, std::size_t target, Step step,
-             std::size_t taken) {
-    step.from = static_cast<std::uint8_t>(state);
-    step.taken = static_cast<std::uint8_t>(taken);
-    step.cost = at(place, state).cost + step.count;
-    Step& best = at(place + taken, target);
-    if (step.cost < best.cost) best = step;
+  void offer(std::size_t place, std::size_t state, std::size_t target, const Step& step,
+             int taken) {
+    const int cost = at(place, state).cost + step.count;
+    Step& best = at(place + static_cast<std::size_t>(taken), target);
+    if (cost < best.cost) best = {cost, static_cast<int>(state), taken, step.count, step.values};
   }
 
-  // Switches and latches, until none makes any state cheaper.
+  // Any state is two changes away at most, a switch and a latch.
   void changeState(std::size_t place) {
     const bool mayLeave = !tokens[place].afterFnc4 || tokens[place].orderedHere;
-    int before = -1;
-    int sum = 0;
-    do {
-      before = sum;
-      sum = 0;
-      for (std::size_t state = 0; state < kStateCount; ++state) {
-        if (!at(place, state).reached()) continue;
-        sum += at(place, state).cost + 1;
-        for (std::size_t target = 0; target < kStateCount; ++target) {
-          change(place, state, target, mayLeave);
-        }
+    if (mayLeave) changeSet(place, 0, kUnlatchedStates);
+    if (stateCount == kUnlatchedStates) return;
+    for (int round = 0; round < 2; ++round) {
+      for (std::size_t state = kUnlatchedStates; state < stateCount; ++state) {
+        latch(place, state - kUnlatchedStates, state);
+        latch(place, state, state - kUnlatchedStates);
       }
-    } while (sum != before);
+      if (mayLeave) changeSet(place, 0, kUnlatchedStates);
+      if (mayLeave) changeSet(place, kUnlatchedStates, stateCount);
+    }
   }
 
-  void change(std::size_t place, std::size_t state, std::size_t target, bool mayLeave) {
-    const State from = kStates[state];
-    const State to = kStates[target];
-    if (from.latched == to.latched && from.set != to.set && mayLeave) {
-      offer(place, state, target, Step{}.add(kSwitchTo[to.set]), 0);
-    } else if (from.latched != to.latched && from.set == to.set && mayLatch) {
-      offer(place, state, target, Step{}.add(kFnc4In[to.set]).add(kFnc4In[to.set]), 0);
+  // To every state of [first, last), which differ by the code set, from the cheapest of them.
+  void changeSet(std::size_t place, std::size_t first, std::size_t last) {
+    std::size_t cheapest = first;
+    for (std::size_t state = first + 1; state < last; ++state) {
+      if (at(place, state).cost < at(place, cheapest).cost) cheapest = state;
     }
+    if (!at(place, cheapest).reached()) return;
+    for (std::size_t target = first; target < last; ++target) {
+      if (at(place, cheapest).cost + 1 >= at(place, target).cost) continue;
+      offer(place, cheapest, target, Step{}.add(kSwitchTo[kStates[target].set]), 0);
+    }
+  }
+
+  void latch(std::size_t place, std::size_t state, std::size_t target) {
+    if (!at(place, state).reached()) return;
+    const int fnc4 = kFnc4In[kStates[state].set];
+    offer(place, state, target, Step{}.add(fnc4).add(fnc4), 0);
   }
 
   bool isPair(std::size_t place) const {
@@ -215,24 +223,27 @@ class ShortestPath {
 
   std::vector<std::uint8_t> trace(std::size_t end) {
     std::size_t state = 0;
-    for (std::size_t other = 1; other < kStateCount; ++other) {
+    for (std::size_t other = 1; other < stateCount; ++other) {
       if (at(end, other).cost < at(end, state).cost) state = other;
     }
     std::vector<std::uint8_t> values;
+    values.reserve(static_cast<std::size_t>(at(end, state).cost) + 3);  // start, check, stop
     for (std::size_t place = end; at(place, state).count != 0;) {
       const Step& step = at(place, state);
-      for (std::size_t i = step.count; i-- > 0;) values.push_back(step.values[i]);
-      place -= step.taken;
-      state = step.from;
+      for (int i = 0; i < step.count; ++i) {
+        values.push_back(static_cast<std::uint8_t>(step.values >> 8 * i));
+      }
+      place -= static_cast<std::size_t>(step.taken);
+      state = static_cast<std::size_t>(step.from);
     }
     values.push_back(static_cast<std::uint8_t>(kFirstStart + kStates[state].set));
     std::reverse(values.begin(), values.end());
     return values;
   }
 
-  std::vector<Token> tokens;
-  std::vector<Step> steps;
-  bool mayLatch = false;
+  const std::vector<Token>& tokens;
+  const std::size_t stateCount;
+  std::vector<Step> steps;  // the last one of the cheapest way to every state at every place
 };
 
 void RefuseMixedFnc4(const std::vector<Token>& tokens) {
@@ -251,7 +262,7 @@ std::vector<std::uint8_t> Code128Values(const Data& data) {
   if (tokens.size() > 2 * kMaxCode128Characters + 1) throw Error(BC_E_DATATOOLONG);
   RefuseMixedFnc4(tokens);
   MarkFnc4(tokens);
-  std::vector<std::uint8_t> values = ShortestPath(std::move(tokens)).run();
+  std::vector<std::uint8_t> values = ShortestPath(tokens).run();
   if (values.size() > kMaxCode128Characters + 1) throw Error(BC_E_DATATOOLONG);
   return values;
 }

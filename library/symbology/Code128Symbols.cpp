@@ -18,6 +18,7 @@ void Draw(const Data& data, std::string text, Symbol& symbol) {
   values.push_back(check);
   values.push_back(kCode128Stop);
   LinearRow row;
+  row.reserve(6 * values.size() + 1);
   for (const std::uint8_t value : values) row.append(Code128Pattern(value));
   std::move(row).finish(symbol);
   SetTextLine(symbol, std::move(text));

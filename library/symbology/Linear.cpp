@@ -5,9 +5,10 @@
 namespace Library {
 
 void LinearRow::append(std::string_view widths) {
-  for (const char width : widths) {
-    runs.push_back(width - '0');
-    total += width - '0';
+  for (const char digit : widths) {
+    const int width = digit - '0';
+    runs.push_back(width);
+    total += width;
   }
 }
 

@@ -14,6 +14,7 @@ class LinearRow {
   // `widths`: one digit per element, "212222".
   void append(std::string_view widths);
   int width() const { return total; }
+  void reserve(std::size_t elements) { runs.reserve(elements); }
 
   // Makes it the symbol's row.
   void finish(Symbol& symbol) &&;

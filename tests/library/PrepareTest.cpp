@@ -112,6 +112,14 @@ TEST(Compression, GivesBytesThatUnpackAndNeverChange) {
     }
   }
 
+  for (int length = 0; length < 300; ++length) {
+    std::string noise;
+    for (int i = 0; i < length; ++i) noise += static_cast<char>(144 + i * 7919 % 112);
+    for (const auto& [algorithm, bits] : windowBits) {
+      EXPECT_EQ(Inflate(Bytes(Compress(Library::RawData(noise), algorithm)), bits), noise);
+    }
+  }
+
   Library::Options options = OptionsFor(58, "compressed compressed compressed");
   options.compression = 3;
   EXPECT_EQ(Inflate(Scan(Library::Encode(options)).bytes, MAX_WBITS), options.data);
@@ -148,6 +156,7 @@ TEST(Errors, NameTheCharacterInTheCallersData) {
       {"check digit too many", 13, "4006381333931", "&^", false, {BC_E_DATATOOLONG, -1}},
       {"check digit in front", 13, "400638133393", "^&", false, {BC_E_INVALIDDATA, 11}},
       {"nothing", 20, "", "", false, {BC_E_INVALIDDATA, -1}},
+      {"nothing but a check digit", 58, "", "&^", false, {BC_E_INVALIDDATA, -1}},
       {"unknown type", 94, "A", "", false, {BC_E_INVALIDARG, -1}},
   };
   for (const auto& row : cases) {
