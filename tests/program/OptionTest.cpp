@@ -4,12 +4,11 @@
 #include "settings/BarcodeOptions.h"
 #include "tests/program/CollectedLog.h"
 #include "tests/program/OptionExpectations.h"
+#include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
 #include <optional>
 #include <sstream>
 
@@ -122,15 +121,12 @@ Diag::ResultCode Read(BarcodeSettings& settings, const std::string& text) {
 
 class OptionFiles : public testing::Test {
  protected:
-  OptionFiles() { std::filesystem::create_directories(folder); }
-  ~OptionFiles() override { std::filesystem::remove_all(folder); }
-
   std::string file(const std::string& name, const std::string& contents) const {
-    std::ofstream(folder + name, std::ios::binary) << contents;
-    return folder + name;
+    return temporary.write(name, contents);
   }
 
-  const std::string folder = testing::TempDir() + "option_test/";
+  const Support::TempFolder temporary;
+  const std::string folder = temporary.file("");
   BarcodeSettings settings;
   CollectedLog log;
 };

@@ -1,11 +1,10 @@
 #include "parser/CommandLineParser.h"
 #include "parser/IniFileParser.h"
 #include "parser/StringParser.h"
+#include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <fstream>
 #include <set>
 #include <vector>
 
@@ -54,11 +53,9 @@ std::string StringStory(const std::string& text) {
 }
 
 std::string IniStory(const std::string& contents) {
-  const std::string path = testing::TempDir() + "parser_test.ini";
-  std::ofstream(path, std::ios::binary) << contents;
+  const Support::TempFolder folder;
   Parser::IniFileParser parser;
-  EXPECT_EQ(parser.open(path), Diag::kSuccess);
-  std::remove(path.c_str());
+  EXPECT_EQ(parser.open(folder.write("ini", contents)), Diag::kSuccess);
   return Story(parser, kFlags);
 }
 

@@ -5,12 +5,12 @@
 #include "settings/Values.h"
 #include "tests/program/CollectedLog.h"
 #include "tests/program/OptionExpectations.h"
+#include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <sstream>
 
 namespace {
@@ -345,19 +345,16 @@ TEST(DefaultSet, LeavesWhatWasGiven) {
 
 class ConfigurationFile : public testing::Test {
  protected:
-  ~ConfigurationFile() override {
-    std::filesystem::remove(path);
-    g_settings.trace.setMaxLevel(Diag::kError);
-  }
+  ~ConfigurationFile() override { g_settings.trace.setMaxLevel(Diag::kError); }
 
   Diag::ResultCode load(const std::string& contents) {
-    std::ofstream(path, std::ios::binary) << contents;
-    const std::string option = "--inifile=" + path;
+    const std::string option = "--inifile=" + folder.write("conf", contents);
     const char* const arguments[] = {"vextorin", "--other", "x", option.c_str(), "1", "user"};
     return settings.load(6, arguments);
   }
 
-  const std::string path = testing::TempDir() + "settings_test.conf";
+  const Support::TempFolder folder;
+  const std::string path = folder.file("conf");
   AppSettings settings;
   CollectedLog log;
 };

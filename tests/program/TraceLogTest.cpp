@@ -1,12 +1,10 @@
 #include "diag/Assert.h"
 #include "diag/TraceLog.h"
+#include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
 #include <functional>
-#include <sstream>
 
 namespace {
 
@@ -19,12 +17,6 @@ std::string OnStderr(const Write& write, int maxLevel = Diag::kDebug) {
   testing::internal::CaptureStderr();
   write(log);
   return testing::internal::GetCapturedStderr();
-}
-
-std::string FileText(const std::string& path) {
-  std::ostringstream text;
-  text << std::ifstream(path).rdbuf();
-  return text.str();
 }
 
 TEST(TraceLogLine, HasTagNameLevelWordAndIndentation) {
@@ -98,8 +90,8 @@ TEST(TraceLogCollection, HoldsErrorsAndWarningsWithoutTags) {
 }
 
 TEST(ErrorFile, IsAppendedToAndCompleteAfterEveryLine) {
-  const std::string path = testing::TempDir() + "trace_log_test.txt";
-  std::filesystem::remove(path);
+  const Support::TempFolder folder;
+  const std::string path = folder.file("errors.txt");
   std::string expected;
   for (const std::string run : {"first", "second"}) {
     TraceLog log;
@@ -110,9 +102,8 @@ TEST(ErrorFile, IsAppendedToAndCompleteAfterEveryLine) {
     EXPECT_EQ(log.openSinks(), TraceLog::kSinksOpen);
     log.Trace(Diag::kError, run);
     expected += "vextorin: Error: " + run + "\n";
-    EXPECT_EQ(FileText(path), expected);
+    EXPECT_EQ(Support::ReadFile(path), expected);
   }
-  std::filesystem::remove(path);
 }
 
 TEST(ErrorFile, ThatCannotBeOpenedIsReportedAndLeftOut) {
