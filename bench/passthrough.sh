@@ -26,7 +26,9 @@ postscript_pages() {
   for ((page = 0; page < 200; page++)); do
     echo "%%Page: $page $page"
     for ((line = 0; line < 60; line++)); do
-      echo "72 $((720 - line * 10)) moveto (Line $line of page $page, costs \\(net\\) 12.50 EUR) show"
+      local costs="12.50 EUR"
+      if ((line % 10 == 0)); then costs+=" \\(net\\)"; fi
+      echo "72 $((720 - line * 10)) moveto (Line $line of page $page, which costs $costs) show"
     done
     echo showpage
   done
