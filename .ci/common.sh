@@ -25,8 +25,14 @@ install_packages() {
   local root=()
   if ((EUID != 0)); then root=(sudo); fi
   local apt=("${root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -qq -o Dpkg::Use-Pty=0)
-  "${apt[@]}" update
-  "${apt[@]}" install -y --no-install-recommends "${missing[@]}" >/dev/null
+  local log
+  log=$(mktemp)
+  if ! { "${apt[@]}" update && "${apt[@]}" install -y --no-install-recommends "${missing[@]}"; } \
+    >"$log" 2>&1; then
+    cat "$log"
+    return 1
+  fi
+  rm -f "$log"
 }
 
 # build PRESET [cmake option...]: configures and builds in build/PRESET.

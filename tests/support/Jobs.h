@@ -6,7 +6,7 @@
 
 namespace Support {
 
-// A text as a PostScript string in hexadecimal (capital digits) and in ASCII85 form, with delimiters.
+// A text as a PostScript string with delimiters: in hexadecimal (capital digits), in ASCII85.
 std::string HexString(std::string_view text);
 std::string Ascii85String(std::string_view text);
 
