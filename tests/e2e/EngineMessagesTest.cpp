@@ -401,6 +401,11 @@ TEST(EngineMessages, ABarcodeThatCannotBeFreedIsAWarningOnly) {
             (Lines{"WARNING: vextorin: Warning: Couldn't free memory for barcode generation.",
                    "WARNING: " + kInvalidArgument}));
   EXPECT_EQ(result.output, "STAND-IN\n");
+  const Program::Result asked = RunFailing("BCFree=8007000e", {"trace=warning"});
+  EXPECT_EQ(Support::SplitLines(asked.errors),
+            (Lines{"WARNING: vextorin: Warning: Couldn't free memory for barcode generation.",
+                   "WARNING: Error code: 0x8007000e - Error Message: Library text ."}));
+  EXPECT_EQ(asked.status, 0);
 }
 
 // In a job the failed sequence is named too, and its message is printed in the barcode's place.

@@ -25,8 +25,11 @@
 #include <cstdlib>
 #include <cstring>
 #include <map>
+#include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 struct BCBarcode {
   int number = 0;
@@ -363,8 +366,11 @@ BCResult BCAlloc(BCBarcode** handle) {
 }
 
 BCResult BCFree(BCBarcode* b) {
+  // A barcode that can't be freed may still be asked about.
+  static std::vector<std::unique_ptr<BCBarcode>> kept;
   const BCResult code = Call("BCFree", b);
-  delete b;
+  std::unique_ptr<BCBarcode> barcode(b);
+  if (code != BC_OK) kept.push_back(std::move(barcode));
   return code;
 }
 
