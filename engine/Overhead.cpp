@@ -2,6 +2,7 @@
 
 #include "diag/Text.h"
 #include "engine/Length.h"
+#include "engine/PclCodes.h"
 #include "settings/GlobalSettings.h"
 
 #include <string_view>
@@ -52,10 +53,6 @@ constexpr std::string_view kEpsProlog =
 static_assert(kEpsProlog.size() == 911, "drivers downstream know the prolog byte for byte");
 
 constexpr std::string_view kEpsEpilogue = "\nEndBarcodeEPSF\n";
-
-// Universal exit and printer reset, and back.
-constexpr std::string_view kPclJobOpener = "\033%-12345X\033E";
-constexpr std::string_view kPclJobCloser = "\033E\033%-12345X";
 
 constexpr double kDecipointsPerInch = 720;
 constexpr double kMillimetresPerInch = 25.4;

@@ -1,19 +1,12 @@
 #include "filter/Filter.h"
 
+#include "engine/PclCodes.h"
 #include "filter/OrvellaParameters.h"
 #include "settings/GlobalSettings.h"
 
 #include <algorithm>
 
 namespace Filter {
-namespace {
-
-constexpr std::string_view kUniversalExit = "\x1b%-12345X";
-constexpr std::string_view kPclReset =
-    "\x1b"
-    "E";
-
-}  // namespace
 
 Filter::Filter()
     : application(g_settings.application),
@@ -30,18 +23,14 @@ Diag::ResultCode Filter::run() {
   }
   stream.flush();
   if (const ResultCode result = detectLanguage()) return result;
-  if (application.pclReset) {
-    stream.putString(kUniversalExit);
-    stream.putString(kPclReset);
-  }
+  if (application.pclReset) stream.putString(Engine::kPclJobOpener);
   filterJob();
   if (!pendingBarcode.empty()) {
     log.Trace(Diag::kWarning, "End of job reached before the insertion point of a barcode!");
   }
   stream.flush();
   if (application.pclReset) {
-    stream.putString(kPclReset);
-    stream.putString(kUniversalExit);
+    stream.putString(Engine::kPclJobCloser);
     stream.flush();
   }
   return firstResult;

@@ -1,4 +1,5 @@
 // Which printer language a job is in: from its first line, and from PJL commands on its way.
+#include "engine/PclCodes.h"
 #include "filter/Filter.h"
 #include "settings/Values.h"
 
@@ -10,7 +11,6 @@ namespace {
 // Only this much of the first line decides.
 constexpr std::size_t kLongestFirstLine = 4095;
 constexpr std::string_view kPostScriptHeader = "%!PS";
-constexpr std::string_view kUniversalExit = "\x1b%-12345X";
 constexpr std::string_view kWhitespace = "\t\n\f\r ";
 
 bool EqualsIgnoringCase(std::string_view text, std::string_view upperCaseWord) {
@@ -19,7 +19,7 @@ bool EqualsIgnoringCase(std::string_view text, std::string_view upperCaseWord) {
 }
 
 bool BeginsPcl(std::string_view line) {
-  return line.find(kUniversalExit) != std::string_view::npos ||
+  return line.find(Engine::kUniversalExit) != std::string_view::npos ||
          line.find(kPostScriptHeader) == std::string_view::npos;
 }
 
