@@ -58,7 +58,7 @@ ResultCode TraceLog::openErrorFile() {
     WriteToStderr("Filename of error file must be specified.\n");
     return kInvalidArgument;
   }
-  errorFile = std::fopen(errorFileName.c_str(), "a");
+  errorFile.reset(std::fopen(errorFileName.c_str(), "a"));
   if (!errorFile) {
     WriteToStderr(Text("Couldn't open error file.\nError message:", std::strerror(errno), '\n'));
     return kAccessDenied;
@@ -67,8 +67,7 @@ ResultCode TraceLog::openErrorFile() {
 }
 
 void TraceLog::closeSinks() {
-  if (errorFile) std::fclose(errorFile);
-  errorFile = nullptr;
+  errorFile.reset();
   if (syslogOn) closelog();
 }
 
@@ -83,8 +82,8 @@ void TraceLog::write(std::string_view message, Level level, bool lineEnd, bool p
   const std::string_view untagged = std::string_view(line).substr(row.tag.size());
   if (stderrOn) WriteToStderr(line);
   if (errorFileOn && errorFile) {
-    std::fwrite(untagged.data(), 1, untagged.size(), errorFile);
-    std::fflush(errorFile);
+    std::fwrite(untagged.data(), 1, untagged.size(), errorFile.get());
+    std::fflush(errorFile.get());
   }
   if (collect && (level == kError || level == kWarning)) collectedText += untagged;
   if (syslogOn) {

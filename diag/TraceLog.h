@@ -8,10 +8,10 @@
 // and on standard error a tag such as "ERROR: " stands in front of it.
 #pragma once
 
+#include "diag/File.h"
 #include "diag/ResultCode.h"
 #include "diag/Text.h"
 
-#include <cstdio>
 #include <string>
 #include <string_view>
 
@@ -83,8 +83,8 @@ class TraceLog {
   bool stderrOn = true;
   bool errorFileOn = false;
   std::string name = "vextorin";
-  std::string syslogIdentity;      // syslog keeps a pointer to it
-  std::FILE* errorFile = nullptr;  // owned
+  std::string syslogIdentity;  // syslog keeps a pointer to it
+  File errorFile;
   std::string errorFileName = "vextorin_error.txt";
   int indentWidth = 2;  // spaces a step
   int indentDepth = 0;

@@ -3,10 +3,8 @@
 // not. No sections, no quoting, no escapes.
 #pragma once
 
+#include "diag/File.h"
 #include "parser/ArgumentParser.h"
-
-#include <cstdio>
-#include <memory>
 
 namespace Parser {
 
@@ -20,13 +18,9 @@ class IniFileParser : public ArgumentParser {
   Diag::ResultCode optionArgument(std::string& value) override;
 
  private:
-  struct Close {
-    void operator()(std::FILE* stream) const { std::fclose(stream); }
-  };
-
   bool readLine(std::string& line);  // the next line that isn't empty; false at the end
 
-  std::unique_ptr<std::FILE, Close> file;
+  Diag::File file;
   std::string pending;  // the value of the option just delivered
 };
 

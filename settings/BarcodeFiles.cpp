@@ -1,11 +1,11 @@
 #include "settings/BarcodeFiles.h"
 
+#include "diag/File.h"
 #include "parser/IniFileParser.h"
 #include "settings/GlobalSettings.h"
 
 #include <array>
 #include <cstdio>
-#include <memory>
 
 namespace Settings {
 namespace {
@@ -19,10 +19,6 @@ struct NestingLevel {
   NestingLevel& operator=(const NestingLevel&) = delete;
 };
 
-struct Close {
-  void operator()(std::FILE* stream) const { std::fclose(stream); }
-};
-
 template <class... Parts>
 Diag::ResultCode Fail(Diag::ResultCode result, const Parts&... message) {
   g_settings.trace.Trace(Diag::kError, message...);
@@ -32,7 +28,7 @@ Diag::ResultCode Fail(Diag::ResultCode result, const Parts&... message) {
 }  // namespace
 
 Diag::ResultCode AppendDataFile(BarcodeSettings& settings, const std::string& fileName) {
-  const std::unique_ptr<std::FILE, Close> file(std::fopen(fileName.c_str(), "rb"));
+  const Diag::File file(std::fopen(fileName.c_str(), "rb"));
   if (!file) return Fail(Diag::kAccessDenied, "Couldn't open data file.\n");
   std::array<char, 65536> block;
   while (const std::size_t size = std::fread(block.data(), 1, block.size(), file.get())) {
