@@ -21,11 +21,7 @@ constexpr mode_t kOutputMode = 0664;
 
 void ChooseFormat() {
   int& format = g_settings.application.barcode.format;
-  if (format == Settings::kFormatNotSet) {
-    format = g_settings.application.streamType == Settings::kStreamPcl
-                 ? Settings::kFormatPcl
-                 : Settings::kFormatPostScript;
-  }
+  if (format == Settings::kFormatNotSet) format = g_settings.application.streamFormat();
   g_settings.trace.Trace(Diag::kDebug, "Output format: ", format);
 }
 

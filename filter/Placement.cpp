@@ -8,10 +8,6 @@
 namespace Filter {
 namespace {
 
-int FormatFor(int streamType) {
-  return streamType == Settings::kStreamPcl ? Settings::kFormatPcl : Settings::kFormatPostScript;
-}
-
 Diag::ResultCode ReadParameters(const std::string& text, bool version1,
                                 Settings::BarcodeSettings& settings) {
   if (version1) return ParseVersion1(text, settings);
@@ -34,9 +30,7 @@ Diag::ResultCode Filter::processSequence(std::string& text) {
     return result;
   }
   if (settings.embed == -1) settings.embed = 1;
-  if (settings.format == Settings::kFormatNotSet) {
-    settings.format = FormatFor(application.streamType);
-  }
+  if (settings.format == Settings::kFormatNotSet) settings.format = application.streamFormat();
   const ResultCode result = Engine::GenerateWithSettings(
       settings, text, static_cast<std::uint32_t>(application.memorySize));
   if (result == Diag::kSuccess) return result;

@@ -65,6 +65,10 @@ Diag::ResultCode AppSettings::readOptions(Parser::ArgumentParser& parser) {
   return result == Diag::kSuccess ? shown : result;
 }
 
+OutputFormat AppSettings::streamFormat() const {
+  return streamType == kStreamPcl ? kFormatPcl : kFormatPostScript;
+}
+
 // On the command line every option is taken to have an argument, and only this one counts.
 void AppSettings::takeIniFileName(int argc, const char* const* argv) {
   Parser::CommandLineParser parser(argc, argv);

@@ -30,6 +30,10 @@ class AppSettings : public Settings {
   Diag::ResultCode readOptions(Parser::ArgumentParser& parser) override;
   virtual void printVersion() const;
 
+  // The output format of a barcode that names none: the language of the stream, PostScript when
+  // that isn't known.
+  OutputFormat streamFormat() const;
+
   // Takes the ini file's name from the command line (`--inifile`) and reads that file. An ini file
   // that can't be opened is kAccessDenied, else the result of readOptions.
   Diag::ResultCode load(int argc, const char* const* argv);
