@@ -7,6 +7,7 @@
 #include <array>
 #include <charconv>
 #include <iterator>
+#include <utility>
 
 namespace Filter {
 namespace {
@@ -77,15 +78,18 @@ constexpr struct {
     {Settings::kTextBelow, false, true},
 };
 
-// Controls in the data, in lower case, and what the library's escape translation has for them. It
-// has nothing to choose a code set with; the encoder finds the sets that suit the data.
-constexpr struct {
+// Controls in the data, in upper case, and what the library has for them: function characters are
+// escapes in the data, the code sets of Code 128 stand in a format string.
+constexpr char kNoSet = '\0';
+constexpr char kShift = 'S';
+constexpr struct Control {
   std::string_view control;
   std::string_view replacement;
+  char set = kNoSet;
 } kControls[] = {
-    {"\\sa", ""},      {"\\sb", ""},      {"\\sc", ""},      {"\\sh", ""},
-    {"\\ca", ""},      {"\\cb", ""},      {"\\cc", ""},      {"\\f1", "\\210"},
-    {"\\f2", "\\211"}, {"\\f3", "\\212"}, {"\\f4", "\\213"},
+    {"\\SA", "", 'A'}, {"\\SB", "", 'B'}, {"\\SC", "", 'C'}, {"\\SH", "", kShift},
+    {"\\CA", "", 'A'}, {"\\CB", "", 'B'}, {"\\CC", "", 'C'}, {"\\F1", "\\210"},
+    {"\\F2", "\\211"}, {"\\F3", "\\212"}, {"\\F4", "\\213"},
 };
 constexpr std::size_t kControlSize = 3;
 
@@ -146,8 +150,9 @@ void SetRatio(int wideWidth, int family, Record& settings) {
     return;
   }
   const std::string narrow = Fixed2(1.0);
-  settings.printratio = narrow + ':' + Fixed2(ratio) + ':' + narrow;
-  if (form->form == RatioForm::kBarsAndSpaces) settings.printratio += ':' + Fixed2(ratio);
+  const std::string wide = Fixed2(ratio);
+  settings.printratio = Diag::Text(narrow, ':', wide, ':', narrow);
+  if (form->form == RatioForm::kBarsAndSpaces) settings.printratio += Diag::Text(':', wide);
 }
 
 void SetTextMode(int number, Record& settings) {
@@ -166,33 +171,84 @@ void SetErrorCorrection(std::string_view text, Record& settings) {
   g_settings.trace.Trace(Diag::kDebug, "PDF417 Error Correction Level = ", settings.PDFecl);
 }
 
-// What the backslash at the front of `text` stands for, and the characters that it takes.
-std::string_view TranslateControl(std::string_view text, std::size_t& size) {
+// The control at the front of `text`; null when there is none.
+const Control* FindControl(std::string_view text) {
   std::string control(text.substr(0, kControlSize));
-  for (char& c : control)
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  for (const auto& row : kControls) {
-    if (row.control != control) continue;
-    size = kControlSize;
-    return row.replacement;
-  }
-  // Of another escape, the letter too: the second backslash of two begins no control.
-  size = std::min<std::size_t>(2, text.size());
-  return text.substr(0, size);
+  Settings::ToUpper(control);
+  const auto* row = std::ranges::find(kControls, control, &Control::control);
+  return row == std::end(kControls) ? nullptr : row;
 }
 
-std::string TranslateControls(std::string_view data) {
-  std::string result;
+// The length of the text that stands for the first character of `text` once the library has
+// translated escapes: \xHH, \ddd, or a letter behind a backslash. Of an escape that it doesn't
+// know, each character stands for itself.
+std::size_t CharacterLength(std::string_view text) {
+  const auto digits = [&](std::size_t from, std::size_t count, std::string_view allowed) {
+    return text.size() >= from + count &&
+           text.substr(from, count).find_first_not_of(allowed) == std::string_view::npos;
+  };
+  if (text.front() != '\\' || text.size() < 2) return 1;
+  if (text[1] == 'x') return digits(2, 2, "0123456789abcdefABCDEF") ? 4 : 1;
+  if (digits(1, 3, "01234567") && text[1] <= '3') return 4;
+  return std::string_view("abefnrtv\\\"").find(text[1]) == std::string_view::npos ? 1 : 2;
+}
+
+// Collects the format string that holds a symbol to the code sets asked for: one "#" for each
+// character of the data, and the letters of the sets between them.
+class CodeSets {
+ public:
+  void choose(char newSet) {
+    used = true;
+    set = newSet;
+    format += set;
+  }
+  // To the other one of A and B for one character.
+  void shift() {
+    used = shifted = true;
+    format += set == 'A' ? 'B' : 'A';
+  }
+  void character() {
+    format += '#';
+    if (std::exchange(shifted, false)) format += set;
+  }
+  // Empty when the data ask for no set.
+  std::string takeFormat() { return used ? std::move(format) : std::string(); }
+
+ private:
+  std::string format;
+  char set = 'B';
+  bool shifted = false;
+  bool used = false;
+};
+
+void Apply(const Control& control, CodeSets& sets) {
+  switch (control.set) {
+    case kNoSet:
+      return sets.character();
+    case kShift:
+      return sets.shift();
+    default:
+      return sets.choose(control.set);
+  }
+}
+
+void SetData(std::string_view data, Record& settings) {
+  constexpr int kCode128 = 20;
+  CodeSets sets;
+  settings.data.clear();
   while (!data.empty()) {
-    const std::size_t plain = std::min(data.find('\\'), data.size());
-    result += data.substr(0, plain);
-    data.remove_prefix(plain);
-    if (data.empty()) break;
-    std::size_t size = 0;
-    result += TranslateControl(data, size);
+    const Control* const control = FindControl(data);
+    const std::size_t size = control ? kControlSize : CharacterLength(data);
+    settings.data += control ? control->replacement : data.substr(0, size);
+    if (control) {
+      Apply(*control, sets);
+    } else {
+      sets.character();
+    }
     data.remove_prefix(size);
   }
-  return result;
+  const std::string format = sets.takeFormat();
+  if (settings.barcode == kCode128 && !format.empty()) settings.formatstring = format;
 }
 
 }  // namespace
@@ -224,7 +280,7 @@ Diag::ResultCode DecodeOrvella(std::string_view header, std::string_view body,
 
   const std::size_t frame = kOrvellaDataBegin + kOrvellaMarker.size();
   const std::string_view data = body.substr(kOrvellaDataBegin, body.size() - frame);
-  settings.data = TranslateControls(OrvellaText(data));
+  SetData(OrvellaText(data), settings);
   g_settings.trace.Trace(Diag::kDebug, "Data String: ", settings.data);
   return Diag::kSuccess;
 }

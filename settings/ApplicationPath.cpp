@@ -24,7 +24,7 @@ std::string ProgramPath(Diag::TraceLog* log) {
 }  // namespace
 
 std::string ApplicationDirectory(Diag::TraceLog* log) {
-  const std::string path = ProgramPath(log);
+  std::string path = ProgramPath(log);
   for (const char separator : {'/', '\\'})
     if (const std::size_t last = path.rfind(separator); last != std::string::npos)
       return path.substr(0, last + 1);
