@@ -326,4 +326,24 @@ TEST(OrvellaData, HasItsControlsInTheFormOfTheLibrary) {
   }
 }
 
+TEST(OrvellaData, ChoosesTheCodeSetsOfCode128) {
+  const struct {
+    std::string data;
+    std::string format;
+  } kRows[] = {
+      {"\\ca12\\sb\\SH3x\\Sc45", "A##BA#B#C##"},
+      {"1\\sa\\sh23", "#AB#A#"},
+      {"\\f1\\sc\\x4112", "#C###"},
+      {"\\sb\\n\\q\\101\\777", "B########"},
+      {std::string("\\sc1\0002", 6), "C###"},
+  };
+  for (const auto& row : kRows) {
+    SCOPED_TRACE(row.format);
+    ExpectCalls(CallsOf(kHeader, Body(row.data)), {"BCSetFormatA(b1, \"" + row.format + "\")"});
+    for (const std::string& call : CallsOf(Header("1,0,0,0,0,1"), Body(row.data))) {
+      EXPECT_EQ(call.find("BCSetFormatA"), std::string::npos) << call;
+    }
+  }
+}
+
 }  // namespace
