@@ -1,11 +1,14 @@
 #include "app/Application.h"
 
 #include "app/Run.h"
+#include "filter/v1/Version1.h"
 #include "settings/ApplicationPath.h"
 #include "settings/GlobalSettings.h"
 
+#include <cstdio>
 #include <optional>
 #include <stdexcept>
+#include <string>
 
 namespace App {
 
@@ -40,12 +43,22 @@ ResultCode CheckArguments(int argc, const char* const* argv) {
   }
 }
 
+// Whoever asks for the barcode options of a queue that takes them in the version-1 form is told of
+// that form, too.
+void ShowVersion1Help() {
+  const Settings::AppSettings& application = g_settings.application;
+  if (!application.v1format || !application.barcodeHelpShown) return;
+  const std::string help = Filter::Version1Help();
+  std::fwrite(help.data(), 1, help.size(), stdout);
+}
+
 // The exit status when there is nothing to go on with.
 std::optional<int> LoadSettings(int argc, const char* const* argv) {
   switch (g_settings.application.load(argc, argv)) {
     case Diag::kSuccess:
       return std::nullopt;
     case Diag::kHelpShown:
+      ShowVersion1Help();
       return kExitSuccess;
     case Diag::kAccessDenied:
       CheckArguments(argc, argv);

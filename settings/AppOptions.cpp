@@ -49,6 +49,7 @@ Diag::ResultCode SetTraceLevel(A&, const Option<A>& option, Given given) {
 
 Diag::ResultCode ShowBarcodeSettings(A& settings, const Option<A>&, Given) {
   settings.barcode.printUsage();
+  settings.barcodeHelpShown = true;
   return Diag::kHelpShown;
 }
 

@@ -58,6 +58,7 @@ class AppSettings : public Settings {
   bool ignoreBarcodeError = false;
   bool ignoreNoData = false;
   bool lineByLine = false;
+  bool barcodeHelpShown = false;  // the help on barcode options was printed
   BarcodeSettings barcode;
 
  private:

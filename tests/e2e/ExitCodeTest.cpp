@@ -144,6 +144,17 @@ TEST(ExitCode, WithNothingToDoIsZeroAndShowsTheUsage) {
   EXPECT_EQ(result.output.size(), 1066u);
 }
 
+TEST(HelpText, DescribesTheVersion1FormWhereItIsSwitchedOn) {
+  constexpr std::size_t kHelpSize = 11244;
+  const std::string plain = RunWithArguments({"barcodesettings"}, {}).output;
+  EXPECT_EQ(plain.size(), kHelpSize);
+  const std::string both = RunWithArguments({"barcodesettings", "v1format"}, {}).output;
+  EXPECT_EQ(both.substr(0, kHelpSize), plain);
+  EXPECT_TRUE(both.substr(kHelpSize).starts_with("  BARCODE_SETTINGS:\n")) << both;
+  EXPECT_TRUE(both.ends_with("content (must be the last parameter of the settings!)\n"));
+  EXPECT_EQ(RunWithArguments({"help", "v1format"}, {}).output.size(), 1066U);
+}
+
 TEST(ExitCode, OfHelpAndVersionTextsIsZeroWithOrWithoutArguments) {
   const struct {
     const char* option;
