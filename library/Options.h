@@ -60,17 +60,8 @@ struct GridOptions {
   std::int32_t horizontalDistance = -1, verticalDistance = -1;
 };
 
-struct Options {
-  int type = 20;
-  std::string data;
-
-  // Data preparation
-  int compression = 0;  // 0 none, 1 raw deflate, 2 gzip, 3 zlib
-  int checkDigitMethod = 1;
-  int autoCorrect = -1;
-  bool translateEscapes = false;
-  std::string format;
-
+// How a symbol is measured, laid out and coloured; none of it is encoded.
+struct LayoutOptions {
   // Bars
   int bearerBarType = 0;  // 0 none, 1 top and bottom, 2 rectangle, 3 top, 4 bottom
   std::int32_t bearerBarWidth = -1;
@@ -105,6 +96,19 @@ struct Options {
   int backgroundMode = 2;  // 1 transparent, 2 opaque
 
   int pclMode = 0;
+};
+
+struct Options : LayoutOptions {
+  int type = 20;
+  std::string data;
+
+  // Data preparation
+  int compression = 0;  // 0 none, 1 raw deflate, 2 gzip, 3 zlib
+  int checkDigitMethod = 1;
+  int autoCorrect = -1;
+  bool translateEscapes = false;
+  std::string format;
+
   int compositeType = 0;  // 0 none, 1 auto, 2 A, 3 B, 4 C
   int segmentsPerRow = -1;
 

@@ -17,8 +17,8 @@ namespace Library {
 
 bool IsSessionOpen();
 
-// The result code of the exception being handled.
-Error CurrentError() noexcept;
+// Keeps the exception being handled as the object's last error; its result code.
+BCResult Fail(BCBarcode& barcode) noexcept;
 
 // Runs body(object). No exception leaves; its code is the result and is kept in the object. Without
 // an object or an open session: BC_E_INVALIDARG.
@@ -29,8 +29,7 @@ BCResult Guarded(BCBarcode* handle, Body&& body) noexcept {
     body(*handle);
     return BC_OK;
   } catch (...) {
-    handle->lastError = CurrentError();
-    return handle->lastError.code;
+    return Fail(*handle);
   }
 }
 

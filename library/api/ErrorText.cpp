@@ -3,8 +3,7 @@
 namespace Library {
 namespace {
 
-// Callers append the place of the error to a text, without a separator, and then a full stop. So
-// the two texts that get one end in a blank.
+// Texts that something may be appended to end in a blank.
 constexpr struct {
   BCResult code;
   std::string_view text;
@@ -19,19 +18,31 @@ constexpr struct {
     {BC_E_MUSTFIT, "The barcode does not fit into the given rectangle"},
 };
 
-}  // namespace
+thread_local BCResult lastDetailed = BC_OK;  // code of the last failure if it has a detail
 
-std::string_view ErrorText(BCResult code) {
+std::string_view LongestText(BCResult code) {
   for (const auto& row : kErrorTexts) {
     if (row.code == code) return row.text;
   }
   return "Unexpected error in the barcode library";
 }
 
+}  // namespace
+
+void NoteFailure(BCResult code, bool hasDetail) noexcept {
+  lastDetailed = hasDetail ? code : BC_OK;
+}
+
+std::string_view ErrorText(BCResult code) {
+  std::string_view text = LongestText(code);
+  if (text.ends_with(' ') && code != lastDetailed) text.remove_suffix(1);
+  return text;
+}
+
 }  // namespace Library
 
 void BCGetErrorTextA(BCResult code, char* buffer, int size) {
   if (!buffer || size < 0) return;
-  const std::string_view text = Library::ErrorText(code).substr(0, static_cast<std::size_t>(size));
-  buffer[text.copy(buffer, text.size())] = '\0';
+  const std::string_view text = Library::ErrorText(code);
+  buffer[text.copy(buffer, static_cast<std::size_t>(size))] = '\0';
 }

@@ -67,9 +67,9 @@ Color White(int mode) {
 }
 
 template <std::same_as<double>... Components>
-BCResult SetColor(BCBarcode* b, Color Options::*member, Components... components) {
-  return Apply(b, [&](Options& options) {
-    options.*member = Color{{InRange{0, 1}(components, 0.0)...}};
+BCResult SetColor(BCBarcode* b, Color LayoutOptions::*member, Components... components) {
+  return Arrange(b, [&](LayoutOptions& layout) {
+    layout.*member = Color{{InRange{0, 1}(components, 0.0)...}};
   });
 }
 
@@ -111,10 +111,10 @@ BCResult BCSetModWidthA(BCBarcode* b, const char* width) {
   return Set(b, &Options::moduleWidth, width, ModuleWidth);
 }
 BCResult BCSetBarWidthReduction(BCBarcode* b, double value, int unit) {
-  return Apply(b, [&](Options& options) {
+  return Arrange(b, [&](LayoutOptions& layout) {
     const double reduction = InRange{-kMaxReduction, kMaxReduction}(value, 0.0);
-    options.reductionUnit = ReductionUnit(unit);
-    options.reduction = reduction;
+    layout.reductionUnit = ReductionUnit(unit);
+    layout.reduction = reduction;
   });
 }
 BCResult BCSetRatioA(BCBarcode* b, const char* ratio) {
@@ -124,20 +124,20 @@ BCResult BCSetFormatA(BCBarcode* b, const char* format) {
   return Set(b, &Options::format, format, AnyText{});
 }
 BCResult BCSetDPI(BCBarcode* b, double x, double y) {
-  return Apply(b, [&](Options& options) {
+  return Arrange(b, [&](LayoutOptions& layout) {
     const double dpiX = InRange{1, kMaxDpi}(x, 0.0), dpiY = InRange{1, kMaxDpi}(y, 0.0);
-    options.dpiX = dpiX;
-    options.dpiY = dpiY;
+    layout.dpiX = dpiX;
+    layout.dpiY = dpiY;
   });
 }
 BCResult BCSetOptResolution(BCBarcode* b, int on) {
   return Set(b, &Options::optimalResolution, on, Switch{});
 }
 BCResult BCSetQuietZone(BCBarcode* b, const BCMargins* margins, int unit) {
-  return Apply(b, [&](Options& options) {
+  return Arrange(b, [&](LayoutOptions& layout) {
     const BCMargins checked = Margins(margins);
-    options.quietZoneUnit = InRange{kUnitNone, kUnitModule}(unit, 0);
-    options.quietZone = checked;
+    layout.quietZoneUnit = InRange{kUnitNone, kUnitModule}(unit, 0);
+    layout.quietZone = checked;
   });
 }
 BCResult BCSetMustFit(BCBarcode* b, int on) {
@@ -151,9 +151,9 @@ BCResult BCSetSizeMode(BCBarcode* b, int mode) {
 }
 
 BCResult BCSetPrintText(BCBarcode* b, int show, int above) {
-  return Apply(b, [&](Options& options) {
-    options.printText = show != 0;
-    options.textAbove = above != 0;
+  return Arrange(b, [&](LayoutOptions& layout) {
+    layout.printText = show != 0;
+    layout.textAbove = above != 0;
   });
 }
 BCResult BCSetTextAlignment(BCBarcode* b, int alignment) {
@@ -171,11 +171,11 @@ BCResult BCSetTextDist(BCBarcode* b, int32_t distance) {
 
 // Components of another mode mean nothing: a new mode begins with black on white.
 BCResult BCSetColorMode(BCBarcode* b, int mode) {
-  return Apply(b, [&](Options& options) {
-    if (InRange{0, 2}(mode, 0) == options.colorMode) return;
-    options.colorMode = mode;
-    options.barcodeColor = options.fontColor = Black(mode);
-    options.background = White(mode);
+  return Arrange(b, [&](LayoutOptions& layout) {
+    if (InRange{0, 2}(mode, 0) == layout.colorMode) return;
+    layout.colorMode = mode;
+    layout.barcodeColor = layout.fontColor = Black(mode);
+    layout.background = White(mode);
   });
 }
 BCResult BCSetBarcodeColorRGB(BCBarcode* b, double red, double green, double blue) {
@@ -215,9 +215,6 @@ BCResult BCSet2DCompositeComponent(BCBarcode* b, int type) {
   return Set(b, &Options::compositeType, type, InRangeOrDefault{0, 4});
 }
 
-// Turns the symbol that there is: the only change that leaves it as it was created.
 BCResult BCSetRotation(BCBarcode* b, int quarterTurns) {
-  return Guarded(b, [&](BCBarcode& barcode) {
-    barcode.options.rotation = InRange{0, 3}(quarterTurns, 0);
-  });
+  return Set(b, &Options::rotation, quarterTurns, InRange{0, 3});
 }

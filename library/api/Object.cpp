@@ -1,11 +1,13 @@
 // Life of a barcode object, and what can be asked of it.
 #include "library/api/Barcode.h"
 #include "library/api/CopyText.h"
+#include "library/api/ErrorText.h"
 #include "library/layout/ElementWidths.h"
 #include "library/layout/RowHeights.h"
 #include "library/symbology/Encode.h"
 
 #include <algorithm>
+#include <cstring>
 #include <new>
 #include <stdexcept>
 
@@ -23,8 +25,6 @@ int CountRows(const Symbol& symbol) {
       }));
 }
 
-}  // namespace
-
 Error CurrentError() noexcept {
   try {
     throw;
@@ -37,6 +37,24 @@ Error CurrentError() noexcept {
   } catch (...) {
     return Error(kInternalError);
   }
+}
+
+// Whether the queries of the object can say more about its last error than the code does: which
+// character is invalid, how many there may be.
+bool HasDetail(const BCBarcode& barcode) {
+  const Error& error = barcode.lastError;
+  if (error.code == BC_E_DATATOOLONG) return MaxDataLength(barcode.options.type) > 0;
+  const std::size_t shown = std::strlen(barcode.options.data.c_str());
+  return error.code == BC_E_INVALIDDATA && error.position >= 0 &&
+         static_cast<std::size_t>(error.position) < shown;
+}
+
+}  // namespace
+
+BCResult Fail(BCBarcode& barcode) noexcept {
+  barcode.lastError = CurrentError();
+  NoteFailure(barcode.lastError.code, HasDetail(barcode));
+  return barcode.lastError.code;
 }
 
 }  // namespace Library

@@ -1,6 +1,7 @@
 // The parts that setters are made of: Set(handle, member, value, check). A check turns the value
-// given into the value to store, or throws; so a rejected value changes nothing. A change takes
-// back BCCreate, for the symbol no longer shows what the object holds.
+// given into the value to store, or throws; so a rejected value changes nothing. A change of what
+// is encoded takes back BCCreate, for the symbol no longer shows what the object holds; a change of
+// layout does not, for the symbol is laid out anew for every output.
 #pragma once
 
 #include "library/api/Barcode.h"
@@ -57,6 +58,22 @@ BCResult Apply(BCBarcode* handle, Change&& change) noexcept {
   return Guarded(handle, [&](BCBarcode& barcode) {
     change(barcode.options);
     barcode.symbol.reset();
+  });
+}
+
+// Changes the layout alone.
+template <class Change>
+BCResult Arrange(BCBarcode* handle, Change&& change) noexcept {
+  return Guarded(handle, [&](BCBarcode& barcode) {
+    LayoutOptions& layout = barcode.options;
+    change(layout);
+  });
+}
+
+template <class Member, class Value, class Check>
+BCResult Set(BCBarcode* handle, Member LayoutOptions::*member, Value value, Check check) noexcept {
+  return Arrange(handle, [&](LayoutOptions& layout) {
+    layout.*member = check(value, LayoutOptions{}.*member);
   });
 }
 

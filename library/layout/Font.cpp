@@ -1,5 +1,6 @@
 #include "library/layout/Font.h"
 
+#include <algorithm>
 #include <optional>
 
 namespace Library {
@@ -12,7 +13,7 @@ struct Face {
 
 struct Family {
   Face regular, bold, italic, boldItalic;
-  double ascent, descent;
+  double ascent, accentedAscent, descent;
 };
 
 constexpr Family kHelvetica = {{"Helvetica", &kHelveticaWidths},
@@ -20,18 +21,21 @@ constexpr Family kHelvetica = {{"Helvetica", &kHelveticaWidths},
                                {"Helvetica-Oblique", &kHelveticaWidths},
                                {"Helvetica-BoldOblique", &kHelveticaBoldWidths},
                                0.73,
+                               0.94,
                                0.22};
 constexpr Family kTimes = {{"Times-Roman", &kTimesRomanWidths},
                            {"Times-Bold", &kTimesBoldWidths},
                            {"Times-Italic", &kTimesItalicWidths},
                            {"Times-BoldItalic", &kTimesBoldItalicWidths},
                            0.69,
+                           0.94,
                            0.22};
 constexpr Family kCourier = {{"Courier", nullptr},
                              {"Courier-Bold", nullptr},
                              {"Courier-Oblique", nullptr},
                              {"Courier-BoldOblique", nullptr},
                              0.63,
+                             0.81,
                              0.18};
 
 // Family names as they are left when style words are taken off.
@@ -75,7 +79,7 @@ const Family* FindFamily(std::string_view letters) {
 Font MakeFont(const Family& family, bool bold, bool italic) {
   const Face& face =
       bold ? (italic ? family.boldItalic : family.bold) : (italic ? family.italic : family.regular);
-  return {face.name, true, face.widths, family.ascent, family.descent};
+  return {face.name, true, face.widths, family.ascent, family.accentedAscent, family.descent};
 }
 
 }  // namespace
@@ -87,6 +91,14 @@ double Font::textWidth(std::string_view text, double size) const {
     sum += !widths ? 600 : code < 32 ? 0 : (*widths)[code - 32u];
   }
   return sum * size / 1000;
+}
+
+double Font::ascentOf(std::string_view text) const {
+  const bool accented = std::any_of(text.begin(), text.end(), [](char c) {
+    const auto code = static_cast<unsigned char>(c);
+    return code >= 0xC0 && code <= 0xDD;
+  });
+  return accented ? accentedAscent : ascent;
 }
 
 Font FindFont(std::string_view name) {

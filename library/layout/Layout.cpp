@@ -57,8 +57,9 @@ void SortRows(std::vector<Rectangle>& rectangles) {
 }  // namespace
 
 Box MeasureSymbol(const Symbol& symbol, const Options& options, const BCRect& rectangle) {
-  const Measures m = MeasureChecked(symbol, options, SizeOf(rectangle));
-  return {m.width, m.height};
+  const Box box = Turned(SizeOf(rectangle), options.rotation);
+  const Measures m = MeasureChecked(symbol, options, box);
+  return Turned({m.width, m.height}, options.rotation);
 }
 
 Drawing LayOut(const Symbol& symbol, const Options& options, const BCRect& rectangle) {

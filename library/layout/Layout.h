@@ -10,13 +10,12 @@ namespace Library {
 
 // Both throw Error: BC_E_MUSTFIT when must-fit is on and the symbol needs more than the rectangle;
 // BC_E_INVALIDARG for a print ratio that does not suit the symbol and for places out of range. The
-// edges of the rectangle may be given in either order.
+// edges of the rectangle may be given in either order. For rotation 1 and 3 it is that of the
+// turned symbol, and so is the size.
 
-// The size of the unturned symbol, whatever the rotation.
 Box MeasureSymbol(const Symbol& symbol, const Options& options, const BCRect& rectangle);
 
-// For rotation 1 and 3 the rectangle is that of the turned symbol. A symbol that leaves room is
-// centred when it was to fit, else it starts in the lower left corner.
+// A symbol that leaves room is centred when it was to fit, else it starts in the lower left corner.
 Drawing LayOut(const Symbol& symbol, const Options& options, const BCRect& rectangle);
 
 }  // namespace Library

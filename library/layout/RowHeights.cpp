@@ -16,7 +16,7 @@ constexpr double kLeastBarHeight = 2 * kMillimetre;
 constexpr double kLogisticsMinimum = 6350, kLogisticsShare = 0.15;
 constexpr double kGeneralMinimum = 5 * kMillimetre;
 
-// Rows of fixed height that have to fill a box may shrink to this share of their height.
+// Rows that have to fill a box may shrink to this share of their nominal height.
 constexpr double kLeastScale = 0.5;
 
 // Heights that the options set for the rows of a family, -1: none.
@@ -103,7 +103,7 @@ std::vector<double> RowHeights(const Symbol& symbol, const Options& options, Siz
   }
   double share = own;
   const double room = (space.height - fixed) / flexible;
-  const double least = linear ? kLeastBarHeight : space.module;
+  const double least = linear ? kLeastBarHeight : kLeastScale * type.rowHeight * space.module;
   if (mode == SizeMode::kFit && room >= least) share = room;
   if (mode == SizeMode::kModule && linear) share = std::max(room, own);
   for (std::size_t i = 0; i < heights.size(); ++i) {

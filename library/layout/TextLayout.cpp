@@ -66,7 +66,7 @@ double TextPlacer::baseline(const SymbolText& text, double size) const {
     return m.top - m.text.addOnDrop() + m.text.distance;
   }
   const double bearer = HasBearerBelow(options.bearerBarType) ? m.bearer : 0;
-  return m.bottom - bearer - m.text.distance - font.ascent * size;
+  return m.bottom - bearer - m.text.distance - m.text.ascent * size;
 }
 
 double TextPlacer::x(const SymbolText& text, double width) const {

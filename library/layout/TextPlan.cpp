@@ -40,6 +40,7 @@ TextPlan PlanText(const Symbol& symbol, const Options& options, double defaultPo
   plan.size = (options.fontHeight > 0 ? options.fontHeight : defaultPoints) * kPoint;
   plan.distance = options.textDistance >= 0 ? options.textDistance : kDefaultDistance;
   for (const SymbolText& text : symbol.texts) {
+    plan.ascent = std::max(plan.ascent, plan.font.ascentOf(text.text));
     plan.hasLine |= text.place == SymbolText::Place::kLine;
     plan.hasDigits |= text.place == SymbolText::Place::kBetweenGuards;
     plan.hasAddOn |= text.place == SymbolText::Place::kAboveAddOn;

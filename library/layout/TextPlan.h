@@ -16,6 +16,7 @@ struct TextPlan {
 
   Font font;
   double size = 0;      // font size, 1/1000 mm
+  double ascent = 0;    // of the highest text, 1 is the font size
   double distance = 0;  // between bars and text, 1/1000 mm
 
   // Modules that text outside the bars needs left and right of them.
@@ -25,8 +26,8 @@ struct TextPlan {
   bool lineAbove() const { return hasDigits ? !above : above; }
   // Heights with the distance to the bars. Digits have no descenders, but round ones reach a little
   // below the line.
-  double lineBand() const { return (font.ascent + font.descent) * size + distance; }
-  double digitsBand() const { return (font.ascent + 0.03) * size + distance; }
+  double lineBand() const { return (ascent + font.descent) * size + distance; }
+  double digitsBand() const { return (ascent + 0.03) * size + distance; }
   double bandAbove() const;
   double bandBelow() const;
   // How far the bars of an add-on begin below the others, to leave room for its digits.

@@ -11,7 +11,9 @@ namespace Library {
 Symbol Encode(const Options& options) {
   const Symbology* const symbology = FindSymbology(options.type);
   if (symbology == nullptr) throw Error(BC_E_INVALIDARG);
-  if (options.compositeType != 0) throw Error(BC_E_NOTSUPPORTED);
+  if (options.compositeType != 0) {
+    throw Error(BC_E_NOTSUPPORTED, -1, true);
+  }
   PreparedData prepared = Prepare(options, *symbology);
 
   Symbol symbol;

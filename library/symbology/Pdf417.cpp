@@ -13,6 +13,7 @@
 namespace Library {
 namespace {
 
+constexpr double kSharedHeight = 0;  // the layout knows how high rows become
 constexpr int kMinRows = 3, kMaxRows = 90;
 constexpr int kMaxColumns = 30;
 constexpr int kMaxWords = 928;
@@ -116,16 +117,15 @@ void EncodePdf417(const EncoderInput& input, Symbol& symbol) {
   const double ratio = RatioOf(input.options.pdf417.ratio);
   ZintSymbol encoded(BARCODE_PDF417);
   Encode(encoded, input, data, size);
-  const double height = input.symbology.rowHeight;
   const bool free = size.rows == 0 && size.columns == 0;
   if (ratio > 0 && free) {
     constexpr int kFixedModules = 69, kModulesPerWord = 17;
     const int words = encoded->rows * ((encoded->width - kFixedModules) / kModulesPerWord);
     ZintSymbol shaped(BARCODE_PDF417);
     Encode(shaped, input, data, SizeByRatio(words, ratio));
-    shaped.copyRows(symbol, height);
+    shaped.copyRows(symbol, kSharedHeight);
   } else {
-    encoded.copyRows(symbol, height);
+    encoded.copyRows(symbol, kSharedHeight);
   }
   SetTextLine(symbol, PrintableText(input.data));
 }

@@ -268,21 +268,43 @@ TEST(Session, IsNotNeededForVersionAndFiles) {
   EXPECT_EQ(FileExists(nullptr), 0);
 }
 
-TEST(ErrorTexts, ReadWellWithWhatIsAppended) {
-  const auto text = [](BCResult code) {
-    char buffer[71] = {};
-    BCGetErrorTextA(code, buffer, 70);
-    return std::string(buffer);
+std::string TextOf(BCResult code) {
+  char buffer[71] = {};
+  BCGetErrorTextA(code, buffer, 70);
+  return buffer;
+}
+
+TEST_F(CInterface, ErrorTextsEndInABlankWhereThereIsMoreToSay) {
+  const struct {
+    int type;
+    const char* data;
+    BCResult code;
+    bool more;
+  } kRows[] = {
+      {13, "40063x133393", BC_E_INVALIDDATA, true},    // the x
+      {13, "4006", BC_E_INVALIDDATA, false},           // nothing to point at
+      {13, "40063813339312", BC_E_DATATOOLONG, true},  // needs 12
+      {8, "", BC_E_INVALIDDATA, false},                // nothing to point at
+      {8, "x", BC_E_INVALIDDATA, true},                // the x
   };
+  for (const auto& row : kRows) {
+    SCOPED_TRACE(row.data);
+    EXPECT_EQ(create(row.type, row.data), row.code);
+    EXPECT_EQ(TextOf(row.code).back() == ' ', row.more) << TextOf(row.code);
+  }
+  EXPECT_EQ(create(20, std::string(1000, 'x')), BC_E_DATATOOLONG);
+  EXPECT_NE(TextOf(BC_E_DATATOOLONG).back(), ' ') << "no number of characters to tell";
+  EXPECT_NE(TextOf(BC_E_INVALIDDATA).back(), ' ') << "a failure of long ago";
+}
+
+TEST(ErrorTexts, TellTheCodesApart) {
   std::set<std::string> texts;
   for (BCResult code :
        {BC_OK, BC_E_INVALIDARG, BC_E_OUTOFMEMORY, BC_E_INVALIDDATA, BC_E_DATATOOLONG,
         BC_E_NOTSUPPORTED, BC_E_BUFFERTOOSMALL, BC_E_MUSTFIT, BCResult{0x12345678}}) {
-    const bool appended = code == BC_E_INVALIDDATA || code == BC_E_DATATOOLONG;
-    EXPECT_EQ(text(code).back() == ' ', appended) << text(code);
-    EXPECT_EQ(text(code).find('.'), std::string::npos);
-    EXPECT_LT(text(code).size(), 70u);
-    texts.insert(text(code));
+    EXPECT_EQ(TextOf(code).find('.'), std::string::npos);
+    EXPECT_LT(TextOf(code).size(), 70u);
+    texts.insert(TextOf(code));
   }
   EXPECT_EQ(texts.size(), 9u);
   char few[] = "######";
@@ -392,14 +414,18 @@ TEST_F(CInterface, ARejectedValueChangesNothing) {
   EXPECT_EQ(query(), BC_OK) << "still created";
 }
 
-TEST_F(CInterface, AChangeTakesCreateBackARotationDoesNot) {
+TEST_F(CInterface, AChangeOfTheDataTakesCreateBackOneOfTheLayoutDoesNot) {
   EXPECT_EQ(query(), BC_E_INVALIDARG);
   EXPECT_EQ(BCGetCountRows(barcode), 0);
   ASSERT_EQ(create(20, "1234"), BC_OK);
   EXPECT_EQ(BCGetCountRows(barcode), 1);
   EXPECT_EQ(BCSetRotation(barcode, 1), BC_OK);
-  EXPECT_EQ(query(), BC_OK);
-  EXPECT_EQ(BCSetTextDist(barcode, 1000), BC_OK);
+  EXPECT_EQ(BCSetModWidthA(barcode, "500"), BC_OK);
+  EXPECT_EQ(BCSetPrintText(barcode, 0, 0), BC_OK);
+  double width = 0, height = 0;
+  EXPECT_EQ(query(width, height), BC_OK);
+  EXPECT_DOUBLE_EQ(height, 57 * .5) << "turned, with the new module width";
+  EXPECT_EQ(BCSetTextA(barcode, "5678", 4), BC_OK);
   EXPECT_EQ(BCGetCountRows(barcode), 0);
   EXPECT_EQ(query(), BC_E_INVALIDARG);
   std::string output;
@@ -419,6 +445,27 @@ TEST_F(CInterface, NamesTheInvalidCharacter) {
   EXPECT_STREQ(digits, "1");
   EXPECT_EQ(BCGetCheckDigitsA(barcode, nullptr, 0), 1);
   EXPECT_EQ(BCGetMaxLenOfData(13), 13);
+}
+
+TEST_F(CInterface, SetsTheRowHeightOfPdf417) {
+  ASSERT_EQ(BCSetModWidthA(barcode, "250"), BC_OK);
+  ASSERT_EQ(create(55, "Hello PDF417"), BC_OK);
+  double width = 0, height = 0;
+  ASSERT_EQ(query(width, height), BC_OK);
+  EXPECT_DOUBLE_EQ(height, BCGetCountRows(barcode) * 3 * .25) << "three modules by default";
+  ASSERT_EQ(BCSet_PDF417_RowHeight(barcode, 2000), BC_OK);
+  ASSERT_EQ(BCCreate(barcode), BC_OK);
+  ASSERT_EQ(query(width, height), BC_OK);
+  EXPECT_DOUBLE_EQ(height, BCGetCountRows(barcode) * 2);
+}
+
+TEST_F(CInterface, PutsACompositeThatIsNotSupportedDownToTheComponent) {
+  ASSERT_EQ(BCSet2DCompositeComponent(barcode, 1), BC_OK);
+  EXPECT_EQ(create(8, "CODE"), BC_E_NOTSUPPORTED);
+  EXPECT_EQ(BCGet_CompSym_ErrorInCC(barcode), 1);
+  ASSERT_EQ(BCSet2DCompositeComponent(barcode, 0), BC_OK);
+  EXPECT_EQ(create(8, "code"), BC_E_INVALIDDATA);
+  EXPECT_EQ(BCGet_CompSym_ErrorInCC(barcode), 0);
 }
 
 TEST_F(CInterface, RefusesARatioThatDoesNotSuitTheSymbol) {

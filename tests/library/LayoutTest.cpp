@@ -375,10 +375,19 @@ TEST(Rotation, TurnsEverythingInsideTheTurnedRectangle) {
   }
 }
 
-TEST(Rotation, DoesNotChangeTheSizeAskedFor) {
+TEST(Rotation, TurnsTheSizeAskedForAndTheBoxThatItMustFit) {
   for (int turns = 0; turns < 4; ++turns) {
-    const Options options = With([&](Options& o) { o.moduleWidth = 330, o.rotation = turns; });
-    EXPECT_NEAR(MeasureSymbol(HundredModules(), options, RectangleOf(1, 20)).width, 33000, 1e-6);
+    SCOPED_TRACE(turns);
+    const Options options =
+        With([&](Options& o) { o.moduleWidth = 330, o.rotation = turns, o.mustFit = true; });
+    const bool upright = turns % 2 == 0;
+    const BCRect fitting = upright ? RectangleOf(40, 20) : RectangleOf(20, 40);
+    const Box size = MeasureSymbol(HundredModules(), options, fitting);
+    EXPECT_NEAR(upright ? size.width : size.height, 33000, 1e-6);
+    EXPECT_NEAR(upright ? size.height : size.width, 20000, 1e-6);
+    const BCRect narrow = upright ? RectangleOf(20, 40) : RectangleOf(40, 20);
+    EXPECT_EQ(CodeOf([&] { MeasureSymbol(HundredModules(), options, narrow); }), BC_E_MUSTFIT);
+    EXPECT_EQ(CodeOf([&] { LayOut(HundredModules(), options, narrow); }), BC_E_MUSTFIT);
   }
 }
 
@@ -471,6 +480,22 @@ TEST(HumanReadableText, OfRetailSymbolsStandsBetweenLongerGuards) {
     EXPECT_GE(text.anchor.x, from[i] * module) << text.text;
     EXPECT_LE(text.anchor.x + text.width, to[i] * module) << text.text;
     EXPECT_GE(text.anchor.y, drawing.box.bottom);
+  }
+}
+
+TEST(HumanReadableText, OfCapitalsWithAccentsKeepsClearOfTheBars) {
+  for (const char* font : {"Helvetica", "Times", "Courier"}) {
+    SCOPED_TRACE(font);
+    Symbol symbol = HundredModules();
+    const auto baselineBelowBars = [&](const char* text) {
+      symbol.texts = {{text, 0, 100, SymbolText::Place::kLine}};
+      const Options options = With([&](Options& o) { o.fontName = font, o.fontHeight = 20; });
+      const Drawing drawing = LayOut(symbol, options, RectangleOf(50, 30));
+      return drawing.rectangles.front().bottom - drawing.texts.front().anchor.y;
+    };
+    // Accents take a good sixth of the font size, 20 points.
+    EXPECT_GE(baselineBelowBars("\xC4"), baselineBelowBars("A") + 7056 / 6);
+    EXPECT_EQ(baselineBelowBars("\xE4"), baselineBelowBars("A"));
   }
 }
 
