@@ -47,6 +47,12 @@ Placement Place(const Measures& m, const Options& options, const BCRect& rectang
   return {m.width, m.height, options.rotation, left, bottom};
 }
 
+// Callers round sizes up, so a sum of heights must not exceed what it stands for by its last bit.
+double WithoutNoise(double length) {
+  constexpr double kSteps = 1e6;
+  return std::round(length * kSteps) / kSteps;
+}
+
 // From top to bottom and from left to right, so that bars of one row follow each other.
 void SortRows(std::vector<Rectangle>& rectangles) {
   std::sort(rectangles.begin(), rectangles.end(), [](const Rectangle& a, const Rectangle& b) {
@@ -59,7 +65,7 @@ void SortRows(std::vector<Rectangle>& rectangles) {
 Box MeasureSymbol(const Symbol& symbol, const Options& options, const BCRect& rectangle) {
   const Box box = Turned(SizeOf(rectangle), options.rotation);
   const Measures m = MeasureChecked(symbol, options, box);
-  return Turned({m.width, m.height}, options.rotation);
+  return Turned({WithoutNoise(m.width), WithoutNoise(m.height)}, options.rotation);
 }
 
 Drawing LayOut(const Symbol& symbol, const Options& options, const BCRect& rectangle) {
@@ -73,9 +79,12 @@ Drawing LayOut(const Symbol& symbol, const Options& options, const BCRect& recta
   drawing.background = options.background;
   drawing.barColor = options.barcodeColor;
   drawing.fontColor = options.fontColor;
+  // Bars that are widened, not narrowed, stop at the edge of the box.
   const auto add = [&](const std::vector<Bar>& bars) {
     for (const Bar& b : bars) {
-      drawing.rectangles.push_back(placement.rectangle(b.left, b.bottom, b.right, b.top));
+      drawing.rectangles.push_back(
+          placement.rectangle(std::max(b.left, 0.0), std::max(b.bottom, 0.0),
+                              std::min(b.right, m.width), std::min(b.top, m.height)));
     }
   };
   if (symbol.geometry == Geometry::kHexagonal) {

@@ -459,6 +459,18 @@ TEST_F(CInterface, SetsTheRowHeightOfPdf417) {
   EXPECT_DOUBLE_EQ(height, BCGetCountRows(barcode) * 2);
 }
 
+TEST_F(CInterface, MeasuresASymbolThatFillsTheBoxAsTheBox) {
+  const std::string data(60, 'x');
+  for (std::size_t length = 1; length <= data.size(); ++length) {
+    SCOPED_TRACE(length);
+    ASSERT_EQ(create(55, data.substr(0, length)), BC_OK);
+    double width = 0, height = 0;
+    ASSERT_EQ(query(width, height), BC_OK);
+    EXPECT_EQ(width, 50);
+    EXPECT_EQ(height, 30);
+  }
+}
+
 TEST_F(CInterface, PutsACompositeThatIsNotSupportedDownToTheComponent) {
   ASSERT_EQ(BCSet2DCompositeComponent(barcode, 1), BC_OK);
   EXPECT_EQ(create(8, "CODE"), BC_E_NOTSUPPORTED);

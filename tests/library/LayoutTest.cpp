@@ -375,6 +375,21 @@ TEST(Rotation, TurnsEverythingInsideTheTurnedRectangle) {
   }
 }
 
+TEST(BarWidthReduction, WidensWithinTheBoxOnly) {
+  for (const Symbol& symbol : {HundredModules(), Chequered(11)}) {
+    for (int turns = 0; turns < 4; ++turns) {
+      const Options options = With([&](Options& o) { o.reduction = -40, o.rotation = turns; });
+      const Drawing drawing = LayOut(symbol, options, RectangleOf(30, 30));
+      for (const Rectangle& r : drawing.rectangles) {
+        EXPECT_GE(r.left, drawing.box.left);
+        EXPECT_LE(r.right, drawing.box.right);
+        EXPECT_GE(r.bottom, drawing.box.bottom);
+        EXPECT_LE(r.top, drawing.box.top);
+      }
+    }
+  }
+}
+
 TEST(Rotation, TurnsTheSizeAskedForAndTheBoxThatItMustFit) {
   for (int turns = 0; turns < 4; ++turns) {
     SCOPED_TRACE(turns);
