@@ -255,12 +255,15 @@ TEST(Bars, ReductionNarrowsEachBarOnBothSides) {
   };
   for (const auto& row : kRows) {
     SCOPED_TRACE(testing::Message() << row.value << " unit " << row.unit);
-    const Options options =
-        With([&](Options& o) { o.reduction = row.value, o.reductionUnit = row.unit; });
-    const auto bars = LayOut(Linear({1, 2, 3, 2, 2}), options, RectangleOf(10, 10)).rectangles;
+    // A quiet zone gives widened bars the room to grow.
+    const Options options = With([&](Options& o) {
+      o.reduction = row.value, o.reductionUnit = row.unit;
+      o.quietZone = {1, 0, 1, 0}, o.quietZoneUnit = 2;
+    });
+    const auto bars = LayOut(Linear({1, 2, 3, 2, 2}), options, RectangleOf(12, 10)).rectangles;
     ASSERT_EQ(bars.size(), 3u);
     for (std::size_t i = 0; i < 3; ++i) {
-      const int widths[] = {1000, 3000, 2000}, middles[] = {500, 4500, 9000};
+      const int widths[] = {1000, 3000, 2000}, middles[] = {1500, 5500, 10000};
       EXPECT_NEAR(bars[i].width(), widths[i] - row.expected, 1);
       EXPECT_NEAR(bars[i].left + bars[i].right, 2 * middles[i], 2);
     }
