@@ -3,19 +3,33 @@
 
 #include "library/Error.h"
 #include "library/Options.h"
+#include "library/grid/GridPlan.h"
 #include "library/symbology/Symbol.h"
 
 #include <optional>
+#include <vector>
 
 struct BCBarcode {
+  // One message in several symbols. The layout query needs them as BCCreate does; they are encoded
+  // once, for whichever comes first.
+  struct Grid {
+    std::vector<Library::Symbol> symbols;
+    std::optional<Library::GridShape> shape;  // once a layout query found room
+  };
+
   Library::Options options;
-  std::optional<Library::Symbol> symbol;  // between BCCreate and the next change
+  // Between BCCreate and the next change; of a grid the first one.
+  std::optional<Library::Symbol> symbol;
+  std::optional<Grid> grid;  // until the next change
   Library::Error lastError{BC_OK};
 };
 
 namespace Library {
 
 bool IsSessionOpen();
+
+// Encodes the symbols of a grid unless they are. Throws Error as EncodeParts does.
+BCBarcode::Grid& EncodedGrid(BCBarcode& barcode);
 
 // Keeps the exception being handled as the object's last error; its result code.
 BCResult Fail(BCBarcode& barcode) noexcept;

@@ -2,6 +2,7 @@
 #include "library/api/Barcode.h"
 #include "library/api/CopyText.h"
 #include "library/api/ErrorText.h"
+#include "library/grid/Parts.h"
 #include "library/layout/ElementWidths.h"
 #include "library/layout/RowHeights.h"
 #include "library/symbology/Encode.h"
@@ -51,6 +52,11 @@ bool HasDetail(const BCBarcode& barcode) {
 
 }  // namespace
 
+BCBarcode::Grid& EncodedGrid(BCBarcode& barcode) {
+  if (!barcode.grid) barcode.grid = {EncodeParts(barcode.options), {}};
+  return *barcode.grid;
+}
+
 BCResult Fail(BCBarcode& barcode) noexcept {
   barcode.lastError = CurrentError();
   NoteFailure(barcode.lastError.code, HasDetail(barcode));
@@ -80,7 +86,8 @@ BCResult BCCreate(BCBarcode* b) {
   return Guarded(b, [](BCBarcode& barcode) {
     barcode.symbol.reset();
     barcode.lastError = Error(BC_OK);
-    Symbol symbol = Encode(barcode.options);
+    const bool grid = barcode.options.grid.enabled;
+    Symbol symbol = grid ? EncodedGrid(barcode).symbols.front() : Encode(barcode.options);
     ElementWidths(symbol, barcode.options.ratio);  // throws for a ratio that does not suit it
     barcode.symbol = std::move(symbol);
   });

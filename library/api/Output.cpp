@@ -1,20 +1,43 @@
 // Size queries and output.
 #include "library/api/Setters.h"
+#include "library/grid/GridLayout.h"
 #include "library/layout/Layout.h"
 #include "library/layout/Units.h"
 #include "library/writer/PostScriptWriter.h"
 
+#include <algorithm>
+#include <cmath>
 #include <cstring>
+#include <limits>
 
 using namespace Library;
 
 namespace {
 
-// The symbol of a created barcode.
-const Symbol& CreatedSymbol(const BCBarcode& barcode) {
-  if (barcode.options.grid.enabled) throw Error(BC_E_NOTSUPPORTED);
+void RequireCreated(const BCBarcode& barcode) {
   if (!barcode.symbol) Reject();
-  return *barcode.symbol;
+}
+
+// REQUIRES: created, a grid.
+GridPlan PlanFor(const BCBarcode& barcode, const BCRect& rect) {
+  GridPlan plan = PlanGrid(barcode.grid->symbols, barcode.options, SizeOf(rect));
+  if (!plan.fits) throw Error(BC_E_DATATOOLONG);
+  return plan;
+}
+
+Box SizeIn(const BCBarcode& barcode, const BCRect& rect) {
+  RequireCreated(barcode);
+  if (barcode.options.grid.enabled) return PlanFor(barcode, rect).size;
+  return MeasureSymbol(*barcode.symbol, barcode.options, rect);
+}
+
+// A grid has the rows and columns that the layout query found; a grid that has grown keeps them.
+Drawing DrawingIn(const BCBarcode& barcode, const BCRect& rect) {
+  RequireCreated(barcode);
+  const Options& options = barcode.options;
+  if (!options.grid.enabled) return LayOut(*barcode.symbol, options, rect);
+  const auto& [symbols, shape] = *barcode.grid;
+  return LayOutGrid(symbols, options, shape ? *shape : PlanFor(barcode, rect).shape, rect);
 }
 
 // Into the caller's buffer; with room left also a terminator.
@@ -30,15 +53,14 @@ BCResult Write(BCBarcode* b, char* buffer, uint32_t* size, const BCRect* rect,
                const Writer& writer) {
   return Guarded(b, [&](BCBarcode& barcode) {
     if (!buffer || !size || !rect) Reject();
-    const Symbol& symbol = CreatedSymbol(barcode);
-    Deliver(writer.write(LayOut(symbol, barcode.options, *rect)), buffer, size);
+    Deliver(writer.write(DrawingIn(barcode, *rect)), buffer, size);
   });
 }
 
 BCResult NotSupported(BCBarcode* b, const char* buffer, const uint32_t* size, const BCRect* rect) {
   return Guarded(b, [&](BCBarcode& barcode) {
     if (!buffer || !size || !rect) Reject();
-    CreatedSymbol(barcode);
+    RequireCreated(barcode);
     throw Error(BC_E_NOTSUPPORTED);
   });
 }
@@ -50,6 +72,13 @@ double SizeUnit(int unit, double dpi) {
   return *LengthOf(unit, dpi, 0);
 }
 
+// A length that holds the one given, but for the noise of its sum.
+int32_t RoundedUp(double length) {
+  constexpr double kNoise = 1e-3;
+  return static_cast<int32_t>(
+      std::min<double>(std::ceil(length - kNoise), std::numeric_limits<int32_t>::max()));
+}
+
 }  // namespace
 
 BCResult BCGetBarcodeSize(BCBarcode* b, const BCRect* rect, void*, int unit, double* width,
@@ -58,7 +87,7 @@ BCResult BCGetBarcodeSize(BCBarcode* b, const BCRect* rect, void*, int unit, dou
     if (!rect || !width || !height) Reject();
     const Options& options = barcode.options;
     const double unitX = SizeUnit(unit, options.dpiX), unitY = SizeUnit(unit, options.dpiY);
-    const Box size = MeasureSymbol(CreatedSymbol(barcode), options, *rect);
+    const Box size = SizeIn(barcode, *rect);
     *width = size.width / unitX;
     *height = size.height / unitY;
   });
@@ -68,7 +97,13 @@ BCResult BC_MultiBC_CalculateLayout(BCBarcode* b, void*, const BCRect* rect, int
                                     int32_t* neededHeight) {
   return Guarded(b, [&](BCBarcode& barcode) {
     if (!rect || !neededWidth || !neededHeight || !barcode.options.grid.enabled) Reject();
-    throw Error(BC_E_NOTSUPPORTED);
+    BCBarcode::Grid& grid = EncodedGrid(barcode);
+    grid.shape.reset();
+    const GridPlan plan = PlanGrid(grid.symbols, barcode.options, SizeOf(*rect));
+    *neededWidth = RoundedUp(plan.size.width);
+    *neededHeight = RoundedUp(plan.size.height);
+    if (!plan.fits) throw Error(BC_E_DATATOOLONG);
+    grid.shape = plan.shape;
   });
 }
 

@@ -52,12 +52,13 @@ struct Switch {
 constexpr double kMaxLength = 1e8;  // 1/1000 mm: 100 m
 constexpr InRangeOrDefault kLength{0, kMaxLength};
 
-// Changes the options and forgets the symbol.
+// Changes the options and forgets the symbols.
 template <class Change>
 BCResult Apply(BCBarcode* handle, Change&& change) noexcept {
   return Guarded(handle, [&](BCBarcode& barcode) {
     change(barcode.options);
     barcode.symbol.reset();
+    barcode.grid.reset();
   });
 }
 

@@ -22,11 +22,6 @@ Corner LowerLeft(const BCRect& r) {
           static_cast<double>(std::min(r.top, r.bottom))};
 }
 
-Box SizeOf(const BCRect& r) {
-  return {std::abs(static_cast<double>(r.right) - r.left),
-          std::abs(static_cast<double>(r.top) - r.bottom)};
-}
-
 Box Turned(const Box& box, int quarterTurns) {
   return quarterTurns % 2 == 0 ? box : Box{box.height, box.width};
 }
@@ -61,6 +56,11 @@ void SortRows(std::vector<Rectangle>& rectangles) {
 }
 
 }  // namespace
+
+Box SizeOf(const BCRect& rectangle) {
+  return {std::abs(static_cast<double>(rectangle.right) - rectangle.left),
+          std::abs(static_cast<double>(rectangle.top) - rectangle.bottom)};
+}
 
 Box MeasureSymbol(const Symbol& symbol, const Options& options, const BCRect& rectangle) {
   const Box box = Turned(SizeOf(rectangle), options.rotation);

@@ -8,6 +8,9 @@
 
 namespace Library {
 
+// Of a rectangle whose edges may be given in either order.
+Box SizeOf(const BCRect& rectangle);
+
 // Both throw Error: BC_E_MUSTFIT when must-fit is on and the symbol needs more than the rectangle;
 // BC_E_INVALIDARG for a print ratio that does not suit the symbol and for places out of range. The
 // edges of the rectangle may be given in either order. For rotation 1 and 3 it is that of the

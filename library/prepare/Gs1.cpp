@@ -201,6 +201,11 @@ void AppendFieldText(std::string& text, Data::const_iterator at, Data::const_ite
 bool IsSeparator(const DataCharacter& character) {
   return character.value == kFnc1;
 }
+// Data that were scanned once have GS for FNC1.
+bool IsFieldEnd(const DataCharacter& character) {
+  constexpr std::uint16_t kGroupSeparator = 0x1D;
+  return IsSeparator(character) || character.value == kGroupSeparator;
+}
 bool IsCodeSet(const DataCharacter& character) {
   return !character.isByte() && !character.isFunction();
 }
@@ -239,6 +244,12 @@ ElementString ParseElementString(const Data& data, bool autoCorrect) {
   Data plain = data;
   std::erase_if(plain, IsCodeSet);
   return BracketedParser(std::move(plain), autoCorrect).parse();
+}
+
+bool BeginsElement(const Data& data, std::size_t at) {
+  if (at == 0 || IsFieldEnd(data[at - 1])) return true;
+  const auto place = data.begin() + static_cast<std::ptrdiff_t>(at);
+  return data.front().value == '(' && BracketedIdentifier(place, data.end()) != nullptr;
 }
 
 }  // namespace Library

@@ -21,4 +21,8 @@ struct ElementString {
 // the character. REQUIRES: bytes of the GS1 character set and function characters only.
 ElementString ParseElementString(const Data& data, bool autoCorrect);
 
+// Whether an element may begin at the place: it has an identifier in parentheses, or follows a
+// separator. REQUIRES: at < data.size().
+bool BeginsElement(const Data& data, std::size_t at);
+
 }  // namespace Library

@@ -12,6 +12,13 @@ namespace {
 
 constexpr std::uint16_t kGroupSeparator = 0x1D;
 
+bool TakesFunctionCharacters(const Symbology& symbology, const Options& options) {
+  return symbology.functionCharacters || TakesGs1(symbology, options);
+}
+const CharacterSet& CharactersOf(const Symbology& symbology, const Options& options) {
+  return TakesGs1(symbology, options) ? kGs1Characters : symbology.characters;
+}
+
 bool IsCheckDigitPlace(const DataCharacter& character) {
   return character.value == kCheckDigitPlace;
 }
@@ -95,22 +102,21 @@ std::string ApplyCheckDigits(Data& data, const Symbology& symbology, const Optio
 
 }  // namespace
 
-PreparedData Prepare(const Options& options, const Symbology& symbology) {
-  if (!symbology.check.methods.allow(options.checkDigitMethod)) throw Error(BC_E_INVALIDARG);
-  const bool gs1 = symbology.takesGs1 != nullptr && symbology.takesGs1(options);
-  const bool functionCharacters = symbology.functionCharacters || gs1;
-  const CharacterSet& characters = gs1 ? kGs1Characters : symbology.characters;
+Data MessageOf(const Options& options, const Symbology& symbology) {
+  Data data = SourceData(options, TakesFunctionCharacters(symbology, options));
+  if (options.compression == 0) return data;
+  if (!(CharactersOf(symbology, options) == kAllBytes)) throw Error(BC_E_NOTSUPPORTED);
+  return Compress(data, options.compression);
+}
 
-  Data data = SourceData(options, functionCharacters);
-  if (options.compression != 0) {
-    if (!(characters == kAllBytes)) throw Error(BC_E_NOTSUPPORTED);
-    data = Compress(data, options.compression);
-  }
+PreparedData Prepare(const Options& options, const Symbology& symbology, Data data) {
+  if (!symbology.check.methods.allow(options.checkDigitMethod)) throw Error(BC_E_INVALIDARG);
   if (!options.format.empty()) {
     data = ApplyFormat(data, options.format, symbology.codeSets,
                        static_cast<int>(options.data.size()));
   }
-  CheckCharacters(data, characters, functionCharacters, gs1);
+  CheckCharacters(data, CharactersOf(symbology, options),
+                  TakesFunctionCharacters(symbology, options), TakesGs1(symbology, options));
   CheckLength(data, symbology);
   std::string checkDigits = ApplyCheckDigits(data, symbology, options);
   return {std::move(data), std::move(checkDigits)};

@@ -13,7 +13,12 @@ struct PreparedData {
   std::string checkDigits;  // that are part of the data, added or given
 };
 
-// Throws Error as Encode does.
-PreparedData Prepare(const Options& options, const Symbology& symbology);
+// Both throw Error as Encode does.
+
+// The first two stages: the message that one symbol holds, or the symbols of a grid share.
+Data MessageOf(const Options& options, const Symbology& symbology);
+
+// The others, for a message or a part of it.
+PreparedData Prepare(const Options& options, const Symbology& symbology, Data data);
 
 }  // namespace Library

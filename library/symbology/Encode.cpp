@@ -8,20 +8,29 @@
 
 namespace Library {
 
-Symbol Encode(const Options& options) {
+const Symbology& SymbologyOf(const Options& options) {
   const Symbology* const symbology = FindSymbology(options.type);
   if (symbology == nullptr) throw Error(BC_E_INVALIDARG);
   if (options.compositeType != 0) {
     throw Error(BC_E_NOTSUPPORTED, -1, true);
   }
-  PreparedData prepared = Prepare(options, *symbology);
+  return *symbology;
+}
+
+Symbol Encode(const Options& options) {
+  return EncodePart(options, MessageOf(options, SymbologyOf(options)));
+}
+
+Symbol EncodePart(const Options& options, Data part) {
+  const Symbology& symbology = SymbologyOf(options);
+  PreparedData prepared = Prepare(options, symbology, std::move(part));
 
   Symbol symbol;
-  symbol.type = symbology->type;
-  symbol.geometry = symbology->geometry;
-  symbol.elements = symbology->elements;
+  symbol.type = symbology.type;
+  symbol.geometry = symbology.geometry;
+  symbol.elements = symbology.elements;
   symbol.checkDigits = std::move(prepared.checkDigits);
-  symbology->encoder({options, *symbology, prepared.data}, symbol);
+  symbology.encoder({options, symbology, prepared.data}, symbol);
   return symbol;
 }
 

@@ -2,7 +2,9 @@
 #pragma once
 
 #include "library/Options.h"
+#include "library/prepare/PreparedData.h"
 #include "library/symbology/Symbol.h"
+#include "library/symbology/Symbology.h"
 
 namespace Library {
 
@@ -11,6 +13,13 @@ namespace Library {
 // options that contradict each other, BC_E_INVALIDDATA with the index of the character in
 // options.data where it is known, BC_E_DATATOOLONG, BC_E_NOTSUPPORTED.
 Symbol Encode(const Options& options);
+
+// The same for a part of the message: format string, characters, length and check digits are those
+// of the part.
+Symbol EncodePart(const Options& options, Data part);
+
+// Throws Error as Encode does.
+const Symbology& SymbologyOf(const Options& options);
 
 // The number of check digits that the symbol adds by the method set, whatever the data is; 0 for an
 // unknown type and a method that the type does not allow.

@@ -48,6 +48,10 @@ struct Symbology {
   MinimalHeight minimalHeight;
 };
 
+inline bool TakesGs1(const Symbology& symbology, const Options& options) {
+  return symbology.takesGs1 != nullptr && symbology.takesGs1(options);
+}
+
 // Null: no such type.
 const Symbology* FindSymbology(int type);
 

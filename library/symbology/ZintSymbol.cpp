@@ -105,8 +105,8 @@ void SetAppend(ZintSymbol& symbol, int sum, int index, int maxSum) {
 }
 
 MatrixContent ContentOf(const EncoderInput& input) {
-  const bool gs1 = input.symbology.takesGs1 != nullptr && input.symbology.takesGs1(input.options);
-  if (!gs1) return {Bytes(input.data), PrintableText(input.data), false};
+  if (!TakesGs1(input.symbology, input.options))
+    return {Bytes(input.data), PrintableText(input.data), false};
 
   ElementString elements = ParseElementString(input.data, input.options.autoCorrect > 0);
   // An empty pair of brackets stands for FNC1 in libzint's unchecked element strings, the first for

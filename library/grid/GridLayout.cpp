@@ -1,0 +1,111 @@
+#include "library/grid/GridLayout.h"
+
+#include "library/Error.h"
+#include "library/layout/Layout.h"
+#include "library/layout/Placement.h"
+#include "library/layout/Units.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace Library {
+namespace {
+
+void Move(Drawing& drawing, std::int32_t x, std::int32_t y) {
+  const auto move = [x, y](Point& p) { p = {p.x + x, p.y + y}; };
+  const auto moveRectangle = [x, y](Rectangle& r) {
+    r = {r.left + x, r.bottom + y, r.right + x, r.top + y};
+  };
+  moveRectangle(drawing.box);
+  std::for_each(drawing.rectangles.begin(), drawing.rectangles.end(), moveRectangle);
+  for (Polygon& polygon : drawing.polygons) {
+    std::for_each(polygon.points.begin(), polygon.points.end(), move);
+  }
+  for (Ring& ring : drawing.rings) move(ring.centre);
+  for (TextRun& text : drawing.texts) move(text.anchor);
+}
+
+template <class Shape>
+void AppendTo(std::vector<Shape>& shapes, std::vector<Shape>& added) {
+  shapes.insert(shapes.end(), std::make_move_iterator(added.begin()),
+                std::make_move_iterator(added.end()));
+}
+
+void AppendTo(Drawing& drawing, Drawing&& added) {
+  AppendTo(drawing.rectangles, added.rectangles);
+  AppendTo(drawing.polygons, added.polygons);
+  AppendTo(drawing.rings, added.rings);
+  AppendTo(drawing.texts, added.texts);
+}
+
+// How far back from `place` the last whole dot lies, counted from `origin`.
+std::int32_t BackToDot(std::int32_t place, std::int32_t origin, double dpi) {
+  const double dot = kInch / dpi, distance = static_cast<double>(place) - origin;
+  const double dots = std::floor((distance + kBoxTolerance) / dot);
+  return static_cast<std::int32_t>(std::lround(dots * dot - distance));
+}
+
+class GridPlacer {
+ public:
+  GridPlacer(std::span<const Symbol> symbols, const Options& settings, const GridShape& gridShape,
+             const BCRect& rectangle)
+      : options(settings),
+        shape(gridShape),
+        cells(CellsOf(symbols, settings)),
+        room(SizeOf(rectangle)),
+        cell{cells.across.cell(room.width, shape.columns),
+             cells.down.cell(room.height, shape.rows)},
+        size{cells.across.length(cell.width, shape.columns),
+             cells.down.length(cell.height, shape.rows)},
+        place(0, 0, 0, std::min(rectangle.left, rectangle.right),
+              std::min(rectangle.top, rectangle.bottom)) {
+    const bool fits =
+        size.width <= room.width + kBoxTolerance && size.height <= room.height + kBoxTolerance;
+    if (options.mustFit && !fits) throw Error(BC_E_MUSTFIT);
+  }
+
+  Rectangle box() const {
+    return place.rectangle(0, 0, std::max(size.width, room.width),
+                           std::max(size.height, room.height));
+  }
+
+  Drawing draw(const Symbol& symbol, int index) const {
+    const Rectangle within = cellOf(index);
+    Drawing drawing =
+        LayOut(symbol, options, {within.left, within.top, within.right, within.bottom});
+    // Symbols of one grid stand on whole dots together.
+    if (options.optimalResolution) {
+      const Rectangle grid = box();
+      Move(drawing, BackToDot(drawing.box.left, grid.left, options.dpiX),
+           BackToDot(drawing.box.bottom, grid.bottom, options.dpiY));
+    }
+    return drawing;
+  }
+
+ private:
+  Rectangle cellOf(int index) const {
+    const double left = index % shape.columns * cells.across.pitch(cell.width);
+    const double bottom = (shape.rows - 1 - index / shape.columns) * cells.down.pitch(cell.height);
+    return place.rectangle(left, bottom, left + cell.width, bottom + cell.height);
+  }
+
+  const Options& options;
+  GridShape shape;
+  GridCells cells;
+  Box room, cell, size;
+  Placement place;
+};
+
+}  // namespace
+
+Drawing LayOutGrid(std::span<const Symbol> symbols, const Options& options, const GridShape& shape,
+                   const BCRect& rectangle) {
+  const GridPlacer placer(symbols, options, shape, rectangle);
+  Drawing grid = placer.draw(symbols.front(), 0);
+  grid.box = placer.box();
+  int index = 0;
+  for (const Symbol& symbol : symbols.subspan(1)) AppendTo(grid, placer.draw(symbol, ++index));
+  return grid;
+}
+
+}  // namespace Library
