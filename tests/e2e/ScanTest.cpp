@@ -257,17 +257,21 @@ TEST(Scan, OtherTextOfThePageIsStillPrinted) {
 }
 
 TEST(Scan, AGridOfBarcodesReadsAsOneMessage) {
-  const std::string data(500, '7');
+  std::string data;
+  while (data.size() < 500) data += std::to_string(data.size());
   const Program::Result result = StandAlone({"data=" + data, "barcode=58", "multiple=on", "rows=2",
                                              "columns=2", "datalimit=130", "hdist=5", "vdist=5",
                                              "width=70", "height=70", "xpos=10", "ypos=10"})
                                      .run();
   EXPECT_EQ(result.errors, "");
-  const Rendering rendering = Support::Render(PageSetup(70, 70) + result.output, 300);
+  const Rendering rendering = Support::Render(PageSetup(90, 90) + result.output, 300);
   ASSERT_EQ(rendering.pages.size(), 1u) << rendering.messages;
+  // ZXing overlooks one of four symbols so close together.
+  std::vector<Symbol> symbols = Support::DecodeWithZBar(rendering.pages[0]);
+  std::ranges::sort(
+      symbols, {}, [](const Symbol& symbol) { return std::pair(symbol.y > 45 ? 0 : 1, symbol.x); });
   std::string read;
-  for (const Symbol& symbol : Support::Decode(rendering.pages[0], 9)) read += symbol.data;
-  EXPECT_EQ(read.size(), data.size());
+  for (const Symbol& symbol : symbols) read += symbol.data;
   EXPECT_EQ(read, data);
 }
 
