@@ -1,0 +1,573 @@
+// Grids of barcodes: how a message is shared out, what ties the symbols together, and where they
+// lie.
+#include "library/Error.h"
+#include "library/grid/GridLayout.h"
+#include "library/grid/Parts.h"
+#include "library/layout/Layout.h"
+#include "library/writer/PostScriptWriter.h"
+#include "tests/library/ScanSymbol.h"
+#include "tests/support/Decode.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <numeric>
+
+namespace {
+
+using namespace Library;
+
+using Change = std::function<void(Options&)>;
+using Lines = std::vector<std::string>;
+
+constexpr int kStandard = 1, kOwn = 2;  // structured append
+constexpr int kInterleaved = 3, kCode39 = 8, kEan13 = 13, kGs1128 = 16, kCode128 = 20, kPdf417 = 55,
+              kQrCode = 58, kDataMatrix = 71, kAztec = 92;
+
+// Text without a period that would make parts alike.
+std::string Text(int length, std::string_view alphabet = "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789") {
+  std::string text;
+  for (unsigned i = 0, state = 7; i < static_cast<unsigned>(length); ++i) {
+    state = state * 1103515245u + 12345u;
+    text += alphabet[(state >> 16) % alphabet.size()];
+  }
+  return text;
+}
+
+Options GridOf(int type, const std::string& data, int limit = -1, const Change& change = {}) {
+  Options options = OptionsFor(type, data);
+  options.grid.enabled = true;
+  options.grid.dataLimit = limit;
+  if (change) change(options);
+  return options;
+}
+
+Lines Read(const std::vector<Symbol>& symbols) {
+  Lines lines;
+  for (const Symbol& symbol : symbols) lines.push_back(Scan(symbol).bytes);
+  return lines;
+}
+
+std::string Join(const Lines& lines) {
+  return std::accumulate(lines.begin(), lines.end(), std::string());
+}
+
+Refusal RefusedBy(const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const Error& error) {
+    return {error.code, error.position};
+  }
+  return {};
+}
+
+TEST(GridParts, ReadAsTheyWereSharedOut) {
+  const Change own = [](Options& o) { o.grid.structuredAppend = kOwn; };
+  const struct {
+    const char* name;
+    Options options;
+    Lines expected;
+  } kRows[] = {
+      {"one symbol holds it", GridOf(kQrCode, "ABCDEF"), {"ABCDEF"}},
+      {"exactly the limit", GridOf(kQrCode, "ABCDEF", 6), {"ABCDEF"}},
+      {"the last part is shorter", GridOf(kQrCode, "ABCDEFG", 3), {"ABC", "DEF", "G"}},
+      {"an escape is one character",
+       GridOf(kQrCode, "\\x41\\102\\\\\\n4", 2, [](Options& o) { o.translateEscapes = true; }),
+       {"AB", "\\\n", "4"}},
+      {"a header in front of each",
+       GridOf(kCode128, "abcde", 2, own),
+       {"VXA10103ab", "VXA10203cd", "VXA10303e"}},
+      {"a header alone", GridOf(kDataMatrix, "abc", 5, own), {"VXA10101abc"}},
+      {"a format string for each symbol, the header in front of it",
+       GridOf(kCode128, "abcd", 2, [&](Options& o) { o.format = "<&>", own(o); }),
+       {"VXA10102<ab>", "VXA10202<cd>"}},
+      {"a check digit for each symbol: 12 digits",
+       GridOf(kEan13, "400638133393978014300723"),
+       {"4006381333931", "9780143007234"}},
+      {"a check digit for each symbol: given",
+       GridOf(kEan13, "40063813339319780143007234"),
+       {"4006381333931", "9780143007234"}},
+      {"one symbol with its check digit", GridOf(kEan13, "4006381333931"), {"4006381333931"}},
+      {"no zero between parts",
+       GridOf(kInterleaved, "12345678901234567", 7),
+       {"123456", "789012", "034567"}},
+      {"no zero between parts, check digits counted",
+       GridOf(kInterleaved, "12345678901234", 7, [](Options& o) { o.checkDigitMethod = 2; }),
+       {"12345670", "89012345"}},
+      {"elements of GS1 data stay whole",
+       GridOf(kGs1128, "(01)09501101530003(10)ABC(21)1(2)3", 26),
+       {"010950110153000310ABC", "211(2)3"}},
+  };
+  for (const auto& row : kRows) {
+    SCOPED_TRACE(row.name);
+    EXPECT_EQ(Read(EncodeParts(row.options)), row.expected);
+  }
+}
+
+TEST(GridParts, HoldAsMuchAsTheTypeDoes) {
+  const std::string binary = Text(3000, "\x01\x7F\x80\xFF");
+  for (const auto& [type, data, count] : {std::tuple{kQrCode, Text(7000), 3},
+                                          {kQrCode, binary, 2},
+                                          {kDataMatrix, binary, 2},
+                                          {kPdf417, Text(3000, "aB3;"), 4},
+                                          {kAztec, binary, 2},
+                                          {kCode39, Text(200), 3},
+                                          {kInterleaved, Text(200, "0123456789"), 3}}) {
+    SCOPED_TRACE(testing::Message() << type << ", " << data.size() << " bytes");
+    const Lines read = Read(EncodeParts(GridOf(type, data)));
+    EXPECT_EQ(static_cast<int>(read.size()), count);
+    EXPECT_EQ(Join(read), data);
+    // One byte more in the first, and it is too long.
+    if (type != kInterleaved) {
+      const std::string more = data.substr(0, read.front().size() + 1);
+      EXPECT_EQ(RefusalOf(OptionsFor(type, more)).code, BC_E_DATATOOLONG);
+    }
+  }
+}
+
+TEST(GridParts, ThatCannotBeMadeAreRefused) {
+  const auto append = [](int mode) {
+    return [mode](Options& o) { o.grid.structuredAppend = mode; };
+  };
+  const struct {
+    const char* name;
+    Options options;
+    Refusal expected;
+  } kRows[] = {
+      {"no structured append of its own",
+       GridOf(kCode128, "abcd", 2, append(kStandard)),
+       {BC_E_NOTSUPPORTED}},
+      {"no letters for a header",
+       GridOf(kEan13, "400638133393", -1, append(kOwn)),
+       {BC_E_NOTSUPPORTED}},
+      {"GS1 data begin with an identifier",
+       GridOf(kGs1128, "(10)A", -1, append(kOwn)),
+       {BC_E_NOTSUPPORTED}},
+      {"17 QR Codes", GridOf(kQrCode, Text(17), 1, append(kStandard)), {BC_E_DATATOOLONG}},
+      {"17 Data Matrix", GridOf(kDataMatrix, Text(17), 1, append(kStandard)), {BC_E_DATATOOLONG}},
+      {"27 Aztec Codes", GridOf(kAztec, Text(27), 1, append(kStandard)), {BC_E_DATATOOLONG}},
+      {"100 with a header", GridOf(kQrCode, Text(100), 1, append(kOwn)), {BC_E_DATATOOLONG}},
+      {"a job's worth of data", GridOf(kQrCode, Text(20 << 20), 1), {BC_E_DATATOOLONG}},
+      {"an element longer than the limit",
+       GridOf(kGs1128, "(10)ABCDEFGH(21)1", 5),
+       {BC_E_DATATOOLONG}},
+      {"half a pair", GridOf(kInterleaved, "1234", 1), {BC_E_DATATOOLONG}},
+      {"a bad character in a later part", GridOf(kCode39, "ABCDEFaHI", 3), {BC_E_INVALIDDATA, 6}},
+      {"a bad character after escapes",
+       GridOf(kCode39, "\\x41BCDEFa", 4, [](Options& o) { o.translateEscapes = true; }),
+       {BC_E_INVALIDDATA, 9}},
+      {"nothing", GridOf(kQrCode, ""), {BC_E_INVALIDDATA}},
+  };
+  for (const auto& row : kRows) {
+    SCOPED_TRACE(row.name);
+    EXPECT_EQ(RefusedBy([&] { EncodeParts(row.options); }), row.expected);
+  }
+  EXPECT_EQ(EncodeParts(GridOf(kQrCode, Text(16), 1, append(kStandard))).size(), 16u);
+  EXPECT_EQ(EncodeParts(GridOf(kQrCode, Text(99), 1, append(kOwn))).size(), 99u);
+}
+
+TEST(StructuredAppend, TellsIndexCountAndMessage) {
+  const std::string data = Text(100);
+  int parity = 0;
+  for (const char byte : data) parity ^= byte;
+  for (const auto& [type, id] : {std::pair{kQrCode, std::to_string(parity)},
+                                 {kDataMatrix, std::string()},
+                                 {kPdf417, std::string()},
+                                 {kAztec, std::string()}}) {
+    SCOPED_TRACE(type);
+    const auto symbols = EncodeParts(
+        GridOf(type, data, 30, [](Options& o) { o.grid.structuredAppend = kStandard; }));
+    ASSERT_EQ(symbols.size(), 4u);
+    const std::string common = id.empty() ? Scan(symbols[0]).sequenceId : id;
+    std::string read;
+    for (int i = 0; i < 4; ++i) {
+      const Scanned scanned = Scan(symbols[static_cast<std::size_t>(i)]);
+      EXPECT_EQ(scanned.sequenceIndex, i);
+      EXPECT_EQ(scanned.sequenceSize, 4);
+      EXPECT_EQ(scanned.sequenceId, common);
+      read += scanned.bytes;
+    }
+    EXPECT_EQ(read, data);
+  }
+}
+
+TEST(StructuredAppend, KnowsMessagesApart) {
+  const auto idOf = [](int type, const std::string& data) {
+    return Scan(EncodeParts(
+                    GridOf(type, data, 3, [](Options& o) { o.grid.structuredAppend = kStandard; }))
+                    .front())
+        .sequenceId;
+  };
+  for (const int type : {kQrCode, kDataMatrix, kPdf417}) {
+    EXPECT_NE(idOf(type, "ABCDEF"), idOf(type, "ABCDEG")) << type;
+  }
+}
+
+TEST(StructuredAppend, LeavesALoneSymbolAlone) {
+  const auto symbols = EncodeParts(
+      GridOf(kQrCode, "ABC", -1, [](Options& o) { o.grid.structuredAppend = kStandard; }));
+  ASSERT_EQ(symbols.size(), 1u);
+  EXPECT_LE(Scan(symbols[0]).sequenceSize, 0);
+}
+
+// QR Codes of 21 modules, which hold 20 of these characters, 1 mm a module: 21 mm.
+Options Fixed(int symbols, int rows, int columns, int growth = 0) {
+  return GridOf(kQrCode, Text(symbols * 10), 10, [=](Options& o) {
+    o.sizeMode = 1, o.moduleWidth = 1000;
+    o.grid.rows = rows, o.grid.columns = columns, o.grid.growth = growth;
+    o.grid.horizontalDistance = 2000, o.grid.verticalDistance = 3000;
+  });
+}
+// The same that fill their cells; at least 21 * 0.19 mm = 3.99 mm.
+Options Filling(int symbols, int rows, int columns, int growth = 0) {
+  Options options = Fixed(symbols, rows, columns, growth);
+  options.sizeMode = 0;
+  return options;
+}
+
+TEST(GridPlans, HaveRowsColumnsAndSizes) {
+  constexpr int kSideways = 1, kDownward = 2;
+  const struct {
+    const char* name;
+    Options options;
+    double roomWidth, roomHeight;  // mm
+    bool fits;
+    int rows, columns;
+    double width, height;  // mm
+  } kRows[] = {
+      {"as set", Fixed(4, 2, 2), 50, 50, true, 2, 2, 44, 45},
+      {"cells left over", Fixed(1, 2, 3), 70, 50, true, 2, 3, 67, 45},
+      {"columns follow from rows", Fixed(5, 2, -1), 70, 50, true, 2, 3, 67, 45},
+      {"rows follow from columns", Fixed(5, -1, 2), 50, 70, true, 3, 2, 44, 69},
+      {"rows filled from edge to edge", Fixed(5, -1, -1), 70, 50, true, 2, 3, 67, 45},
+      {"exactly the room", Fixed(4, 2, 2), 44, 45, true, 2, 2, 44, 45},
+      {"too few cells", Fixed(5, 2, 2), 50, 50, false, 3, 2, 44, 69},
+      {"too narrow", Fixed(4, 2, 2), 43, 50, false, 2, 2, 44, 45},
+      {"too low", Fixed(4, 2, 2), 50, 44, false, 2, 2, 44, 45},
+      {"too low for what it needs", Fixed(5, -1, -1), 50, 45, false, 3, 2, 44, 69},
+      {"no room at all", Fixed(2, -1, -1), 0, 0, false, 2, 1, 21, 45},
+      {"sideways", Fixed(5, 2, 2, kSideways), 50, 50, true, 2, 3, 67, 45},
+      {"sideways, as many rows as there is room for", Fixed(5, -1, -1, kSideways), 30, 50, true, 2,
+       3, 67, 45},
+      {"sideways from nothing", Fixed(2, 1, -1, kSideways), 0, 21, true, 1, 2, 44, 21},
+      {"sideways does not help the height", Fixed(5, 2, 2, kSideways), 50, 40, false, 2, 3, 67, 45},
+      {"downward", Fixed(5, 2, 2, kDownward), 50, 50, true, 3, 2, 44, 69},
+      {"downward, as many columns as there is room for", Fixed(5, -1, -1, kDownward), 50, 20, true,
+       3, 2, 44, 69},
+      {"downward does not help the width", Fixed(5, 2, 2, kDownward), 40, 50, false, 3, 2, 44, 69},
+      {"no need to grow", Fixed(4, 2, 2, kDownward), 50, 50, true, 2, 2, 44, 45},
+      {"filling: width rules", Filling(4, 2, 2), 42, 90, true, 2, 2, 42, 43},
+      {"filling: height rules", Filling(4, 2, 2), 90, 43, true, 2, 2, 42, 43},
+      {"filling: smallest", Filling(4, 2, 2), 9.98, 10.98, true, 2, 2, 9.98, 10.98},
+      {"filling: too small", Filling(4, 2, 2), 9.97, 10.98, false, 2, 2, 9.98, 10.98},
+      {"filling: the largest symbols", Filling(4, -1, -1), 50, 50, true, 2, 2, 49, 50},
+      {"filling: the largest symbols, wide", Filling(4, -1, -1), 200, 30, true, 1, 4, 126, 30},
+      {"filling: the largest symbols, high", Filling(3, -1, -1), 20, 200, true, 3, 1, 20, 66},
+      {"filling: cells keep their size sideways", Filling(6, 2, 2, kSideways), 42, 43, true, 2, 3,
+       64, 43},
+      {"filling: cells keep their size downward", Filling(6, 2, 2, kDownward), 42, 43, true, 3, 2,
+       42, 66},
+  };
+  for (const auto& row : kRows) {
+    SCOPED_TRACE(row.name);
+    const auto symbols = EncodeParts(row.options);
+    const GridPlan plan =
+        PlanGrid(symbols, row.options, {row.roomWidth * 1000, row.roomHeight * 1000});
+    EXPECT_EQ(plan.fits, row.fits);
+    EXPECT_EQ(plan.shape.rows, row.rows);
+    EXPECT_EQ(plan.shape.columns, row.columns);
+    EXPECT_NEAR(plan.size.width / 1000, row.width, 0.001);
+    EXPECT_NEAR(plan.size.height / 1000, row.height, 0.001);
+  }
+}
+
+TEST(GridPlans, KeepQuietZonesWhereNoDistanceIsSet) {
+  for (const auto& [type, modules] :
+       {std::pair{kQrCode, 4}, {kDataMatrix, 1}, {kAztec, 0}, {kCode128, 10}, {kPdf417, 2}}) {
+    SCOPED_TRACE(type);
+    const Options options = GridOf(type, Text(60), 20);
+    const auto symbols = EncodeParts(options);
+    const GridCells cells = CellsOf(symbols, options);
+    const double cell = 40000, gap = cells.across.pitch(cell) - cell;
+    EXPECT_GE(gap + .001, modules * cell / symbols[0].width);
+    EXPECT_LT(gap, cell / 2);
+  }
+}
+
+// Dark stretches of the shadow that everything throws on an axis. No column or row of a QR Code is
+// light throughout, so each stretch is a column or a row of the grid.
+std::vector<std::pair<int, int>> Stretches(const Drawing& drawing, bool across) {
+  std::vector<std::pair<int, int>> edges, stretches;
+  for (const Rectangle& r : drawing.rectangles) {
+    edges.push_back(across ? std::pair(r.left, r.right) : std::pair(r.bottom, r.top));
+  }
+  std::sort(edges.begin(), edges.end());
+  for (const auto& [from, to] : edges) {
+    if (stretches.empty() || from > stretches.back().second) {
+      stretches.emplace_back(from, to);
+    } else {
+      stretches.back().second = std::max(stretches.back().second, to);
+    }
+  }
+  return stretches;
+}
+
+int LeastGap(const std::vector<std::pair<int, int>>& stretches) {
+  int least = INT32_MAX;
+  for (std::size_t i = 1; i < stretches.size(); ++i) {
+    least = std::min(least, stretches[i].first - stretches[i - 1].second);
+  }
+  return least;
+}
+
+constexpr int kLeft = 10000, kBottom = 20000;
+
+BCRect RectangleOf(const Box& size) {
+  return {kLeft, kBottom + static_cast<int>(std::ceil(size.height - .001)),
+          kLeft + static_cast<int>(std::ceil(size.width - .001)), kBottom};
+}
+
+TEST(GridDrawings, KeepTheirDistanceInsideTheRectangleThatWasPlanned) {
+  const struct {
+    const char* name;
+    Change change;
+  } kRows[] = {
+      {"filling", {}},
+      {"filling, whole dots",
+       [](Options& o) { o.optimalResolution = true, o.dpiX = o.dpiY = 203; }},
+      {"filling, whole dots, other ones downward",
+       [](Options& o) { o.optimalResolution = true, o.dpiX = 203, o.dpiY = 300; }},
+      {"filling, turned", [](Options& o) { o.rotation = 1; }},
+      {"module width", [](Options& o) { o.moduleWidth = 330; }},
+      {"smallest, whole dots",
+       [](Options& o) { o.sizeMode = 2, o.optimalResolution = true, o.dpiX = o.dpiY = 300; }},
+      {"must fit", [](Options& o) { o.mustFit = true; }},
+      {"distances left to the type",
+       [](Options& o) { o.grid.horizontalDistance = o.grid.verticalDistance = -1; }},
+  };
+  for (const auto& row : kRows) {
+    for (const double room : {40000.0, 50000.0, 61237.0}) {
+      SCOPED_TRACE(testing::Message() << row.name << " in " << room / 1000 << " mm");
+      Options options = Fixed(5, 2, 3);
+      options.sizeMode = -1, options.moduleWidth = -1;
+      if (row.change) row.change(options);
+      const auto symbols = EncodeParts(options);
+      const GridPlan plan = PlanGrid(symbols, options, {room, room});
+      ASSERT_TRUE(plan.fits);
+      const BCRect rectangle = RectangleOf(plan.size);
+      const Drawing drawing = LayOutGrid(symbols, options, plan.shape, rectangle);
+      const auto columns = Stretches(drawing, true), rows = Stretches(drawing, false);
+      ASSERT_EQ(columns.size(), 3u);
+      ASSERT_EQ(rows.size(), 2u);
+      EXPECT_GE(LeastGap(columns), options.grid.horizontalDistance - 2);
+      EXPECT_GE(LeastGap(rows), options.grid.verticalDistance - 2);
+      EXPECT_GE(columns.front().first, kLeft - 2);
+      EXPECT_LE(columns.back().second, rectangle.right + 2);
+      EXPECT_GE(rows.front().first, kBottom - 2);
+      EXPECT_LE(rows.back().second, rectangle.top + 2);
+      // What was planned is what is drawn: a second plan for it changes nothing.
+      EXPECT_NEAR(columns.back().second - columns.front().first, plan.size.width, 3);
+      EXPECT_NEAR(rows.back().second - rows.front().first, plan.size.height, 3);
+    }
+  }
+}
+
+TEST(GridDrawings, FillRowsFromTheUpperLeftAndLeaveTheRestEmpty) {
+  const Options options = Fixed(5, 2, 3);
+  const auto symbols = EncodeParts(options);
+  const Drawing drawing = LayOutGrid(symbols, options, {2, 3}, {0, 45000, 67000, 0});
+  const auto dark = [&](double x, double y) {
+    return std::any_of(drawing.rectangles.begin(), drawing.rectangles.end(),
+                       [=](const Rectangle& r) {
+                         return r.left <= x && x < r.right && r.bottom <= y && y < r.top;
+                       });
+  };
+  for (int cell = 0; cell < 6; ++cell) {
+    SCOPED_TRACE(cell);
+    // The middle of the upper left finder pattern.
+    EXPECT_EQ(dark(cell % 3 * 23000 + 3500, 45000 - cell / 3 * 24000 - 3500), cell < 5);
+  }
+}
+
+TEST(GridDrawings, StandOnTheSameDots) {
+  Options options = Filling(4, 2, 2);
+  options.optimalResolution = true;
+  options.dpiX = options.dpiY = 203;
+  const auto symbols = EncodeParts(options);
+  const double dot = 25400 / 203.0;
+  for (const int room : {40000, 41234, 47777}) {
+    const Drawing drawing = LayOutGrid(symbols, options, {2, 2}, {0, room, room, 0});
+    const int left = Stretches(drawing, true)[0].first, bottom = Stretches(drawing, false)[0].first;
+    for (const Rectangle& r : drawing.rectangles) {
+      for (const int length : {r.left - left, r.right - left, r.bottom - bottom, r.top - bottom}) {
+        EXPECT_NEAR(length, std::round(length / dot) * dot, 3);
+      }
+    }
+  }
+}
+
+TEST(GridDrawings, NeverOverlapInARectangleThatIsTooSmall) {
+  Options options = Fixed(4, 2, 2);
+  const auto symbols = EncodeParts(options);
+  const BCRect small = {0, 10000, 10000, 0};
+  const Drawing drawing = LayOutGrid(symbols, options, {2, 2}, small);
+  EXPECT_EQ(LeastGap(Stretches(drawing, true)), 2000);
+  EXPECT_EQ(LeastGap(Stretches(drawing, false)), 3000);
+  EXPECT_EQ(drawing.box.right, 44000);
+  EXPECT_EQ(drawing.box.top, 45000);
+  options.mustFit = true;
+  EXPECT_EQ(RefusedBy([&] { LayOutGrid(symbols, options, {2, 2}, small); }).code, BC_E_MUSTFIT);
+}
+
+// A part of a page; from the upper left corner, as shares of the page.
+Support::Page Cropped(const Support::Page& page, double left, double top, double share) {
+  const auto x = static_cast<int>(left * page.width), y = static_cast<int>(top * page.height);
+  Support::Page part;
+  part.width = static_cast<int>(share * page.width);
+  part.height = static_cast<int>(share * page.height);
+  part.dpi = page.dpi;
+  for (int line = y; line < y + part.height; ++line) {
+    const auto begin = page.gray.begin() + line * page.width + x;
+    part.gray.insert(part.gray.end(), begin, begin + part.width);
+  }
+  return part;
+}
+
+TEST(GridDrawings, ReadCellByCellOnALabelPrinter) {
+  constexpr int kBox = 90, kMargin = 5;  // mm
+  for (const int type : {kQrCode, kDataMatrix, kAztec, kPdf417, kCode128}) {
+    SCOPED_TRACE(type);
+    const std::string data = Text(36);
+    Options options = GridOf(type, data, 10, [](Options& o) {
+      o.grid.rows = o.grid.columns = 2;
+      o.optimalResolution = true, o.dpiX = o.dpiY = 203;
+    });
+    const auto symbols = EncodeParts(options);
+    ASSERT_TRUE(PlanGrid(symbols, options, {kBox * 1000, kBox * 1000}).fits);
+    const int low = kMargin * 1000, high = low + kBox * 1000;
+    const Drawing drawing = LayOutGrid(symbols, options, {2, 2}, {low, high, high, low});
+    const std::string points = std::to_string((kBox + 2 * kMargin) * 720 / 254);
+    const Support::Rendering rendering =
+        Support::Render("%!\n<< /PageSize [" + points + " " + points + "] >> setpagedevice\n" +
+                            PostScriptWriter(false).write(drawing) + "showpage\n",
+                        203);
+    ASSERT_EQ(rendering.pages.size(), 1u) << rendering.messages;
+    std::string read;
+    for (const double top : {0.0, .5}) {
+      for (const double left : {0.0, .5}) {
+        for (const auto& symbol : Support::Decode(Cropped(rendering.pages[0], left, top, .5))) {
+          read += symbol.data;
+        }
+      }
+    }
+    EXPECT_EQ(read, data);
+  }
+}
+
+// The calls of the program: layout query, create, output.
+class GridCalls : public testing::Test {
+ protected:
+  GridCalls() {
+    BCInitLibraryA("");
+    BCAlloc(&barcode);
+    const std::string data = Text(50);
+    BCSetBCType(barcode, kQrCode);
+    BCSetTextA(barcode, data.data(), 50);
+    BCSet_MultiBC_Enabled(barcode, 1);
+    BCSet_MultiBC_Rows(barcode, 2);
+    BCSet_MultiBC_Columns(barcode, 2);
+    BCSet_MultiBC_HDist(barcode, 2000);
+    BCSet_MultiBC_VDist(barcode, 2000);
+    BCSet_MultiBC_DataLimit(barcode, 10);
+  }
+  ~GridCalls() override {
+    BCFree(barcode);
+    BCDeInitLibrary();
+  }
+
+  BCResult layOut(int32_t right, int32_t bottom) {
+    const BCRect rect = {0, 0, right, bottom};
+    return BC_MultiBC_CalculateLayout(barcode, nullptr, &rect, &width, &height);
+  }
+  BCResult write() {
+    std::vector<char> buffer(100000);
+    auto size = static_cast<uint32_t>(buffer.size());
+    const BCRect rect = {0, height, width, 0};
+    const BCResult code = BCPostscriptToMemoryExt(barcode, buffer.data(), &size, &rect, 1);
+    output.assign(buffer.data(), code == BC_OK ? size : 0);
+    return code;
+  }
+
+  BCBarcode* barcode = nullptr;
+  int32_t width = 0, height = 0;
+  std::string output;
+};
+
+TEST_F(GridCalls, TellTheSizeNeededWithTheError) {
+  // Five symbols of 3.99 mm in four cells.
+  EXPECT_EQ(layOut(50000, 50000), BC_E_DATATOOLONG);
+  EXPECT_EQ(width, 2 * 3990 + 2000);
+  EXPECT_EQ(height, 3 * 3990 + 2 * 2000);
+  BCSet_MultiBC_Rows(barcode, 3);
+  EXPECT_EQ(layOut(9979, 50000), BC_OK) << "within the rounding of rectangles";
+  EXPECT_EQ(layOut(9970, 50000), BC_E_DATATOOLONG);
+  EXPECT_EQ(width, 9980);
+  EXPECT_EQ(layOut(INT32_MIN, INT32_MAX), BC_OK);
+}
+
+TEST_F(GridCalls, DrawAGrownGridInTheSizeThatItHas) {
+  BCSet_MultiBC_DynamicBoundingRect(barcode, 1);
+  ASSERT_EQ(layOut(50000, 50000), BC_OK);
+  EXPECT_EQ(width, 3 * 24000 + 2 * 2000);
+  EXPECT_EQ(height, 50000);
+  EXPECT_EQ(write(), BC_E_INVALIDARG) << "not created";
+  ASSERT_EQ(BCCreate(barcode), BC_OK);
+  EXPECT_EQ(BCGetCountRows(barcode), 21);
+  ASSERT_EQ(write(), BC_OK);
+  EXPECT_NE(output.find("%%BoundingBox: 0 0 216 142\n"), output.npos) << output.substr(0, 200);
+}
+
+TEST_F(GridCalls, NeedNoLayoutQuery) {
+  BCSet_MultiBC_Rows(barcode, 3);
+  ASSERT_EQ(BCCreate(barcode), BC_OK);
+  width = height = 50000;
+  ASSERT_EQ(write(), BC_OK);
+  const std::string direct = output;
+  ASSERT_EQ(layOut(50000, 50000), BC_OK);
+  width = height = 50000;
+  ASSERT_EQ(write(), BC_OK);
+  EXPECT_EQ(output, direct);
+  double millimetresWide = 0, millimetresHigh = 0;
+  const BCRect rect = {0, 0, 50000, 50000};
+  EXPECT_EQ(BCGetBarcodeSize(barcode, &rect, nullptr, 2, &millimetresWide, &millimetresHigh),
+            BC_OK);
+  EXPECT_NEAR(millimetresWide, 2 * 15.333 + 2, .001);
+  EXPECT_NEAR(millimetresHigh, 50, .001);
+}
+
+TEST_F(GridCalls, BeginAnewAfterAChangeOfData) {
+  BCSet_MultiBC_Rows(barcode, 3);
+  ASSERT_EQ(layOut(50000, 50000), BC_OK);
+  BCSetTextA(barcode, "0123456789ABCDEFGHIJ", 20);
+  BCSet_MultiBC_Rows(barcode, -1);
+  ASSERT_EQ(layOut(50000, 50000), BC_OK);
+  EXPECT_EQ(width, 50000);
+  EXPECT_EQ(height, 24000);
+  EXPECT_EQ(BCSet_MultiBC_Enabled(barcode, 0), BC_OK);
+  EXPECT_EQ(layOut(50000, 50000), BC_E_INVALIDARG) << "no grid";
+  ASSERT_EQ(BCCreate(barcode), BC_OK);
+  EXPECT_EQ(write(), BC_OK);
+}
+
+TEST_F(GridCalls, NameTheInvalidCharacter) {
+  BCSetBCType(barcode, kCode39);
+  BCSetTextA(barcode, "ABCDEFGHIJKLMNo", 15);
+  width = -1;
+  EXPECT_EQ(layOut(50000, 50000), BC_E_INVALIDDATA);
+  EXPECT_EQ(BCGetInvalidDataPos(barcode), 14);
+  EXPECT_EQ(width, -1) << "nothing is known of a size";
+}
+
+}  // namespace
