@@ -7,6 +7,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
+#include <limits>
 
 namespace Library {
 namespace {
@@ -45,6 +47,35 @@ std::int32_t BackToDot(std::int32_t place, std::int32_t origin, double dpi) {
   return static_cast<std::int32_t>(std::lround(dots * dot - distance));
 }
 
+// Symbols that fill their cells have the same modules, so that one distance of the scanner suits
+// all: the widest with which each fits. 0: symbols do not fill their cells.
+double CommonModule(std::span<const Symbol> symbols, const Options& options, const Box& cell) {
+  if (SizeModeOf(options) != SizeMode::kFit) return 0;
+  const Box box = options.rotation % 2 == 0 ? cell : Box{cell.height, cell.width};
+  double module = std::numeric_limits<double>::max();
+  for (const Symbol& symbol : symbols) {
+    module = std::min(module, Measure(symbol, options, box).module);
+  }
+  return module;
+}
+
+// Symbols are as long as those modules make them.
+Options WithModule(const Options& options, double module) {
+  Options sized = options;
+  sized.mustFit = false;
+  sized.sizeMode = static_cast<int>(SizeMode::kModule);
+  sized.moduleWidth = module;
+  return sized;
+}
+
+// The middle part of that length.
+void Shorten(std::int32_t& from, std::int32_t& to, double length) {
+  const double whole = std::ceil(std::min(length, static_cast<double>(to - from)));
+  const int spare = std::max(to - from - static_cast<int>(whole), 0);
+  from += spare / 2;
+  to -= spare - spare / 2;
+}
+
 class GridPlacer {
  public:
   GridPlacer(std::span<const Symbol> symbols, const Options& settings, const GridShape& gridShape,
@@ -58,7 +89,9 @@ class GridPlacer {
         size{cells.across.length(cell.width, shape.columns),
              cells.down.length(cell.height, shape.rows)},
         place(0, 0, 0, std::min(rectangle.left, rectangle.right),
-              std::min(rectangle.top, rectangle.bottom)) {
+              std::min(rectangle.top, rectangle.bottom)),
+        module(CommonModule(symbols, settings, cell)),
+        sized(WithModule(settings, module)) {
     const bool fits =
         size.width <= room.width + kBoxTolerance && size.height <= room.height + kBoxTolerance;
     if (options.mustFit && !fits) throw Error(BC_E_MUSTFIT);
@@ -70,7 +103,7 @@ class GridPlacer {
   }
 
   Drawing draw(const Symbol& symbol, int index) const {
-    const Rectangle within = cellOf(index);
+    const Rectangle within = roomOf(symbol, index);
     Drawing drawing =
         LayOut(symbol, options, {within.left, within.top, within.right, within.bottom});
     // Symbols of one grid stand on whole dots together.
@@ -83,6 +116,19 @@ class GridPlacer {
   }
 
  private:
+  Rectangle roomOf(const Symbol& symbol, int index) const {
+    Rectangle within = cellOf(index);
+    if (module <= 0) return within;
+    const Box filled =
+        MeasureSymbol(symbol, sized, {within.left, within.top, within.right, within.bottom});
+    if (options.rotation % 2 == 0) {
+      Shorten(within.left, within.right, filled.width);
+    } else {
+      Shorten(within.bottom, within.top, filled.height);
+    }
+    return within;
+  }
+
   Rectangle cellOf(int index) const {
     const double left = index % shape.columns * cells.across.pitch(cell.width);
     const double bottom = (shape.rows - 1 - index / shape.columns) * cells.down.pitch(cell.height);
@@ -94,6 +140,8 @@ class GridPlacer {
   GridCells cells;
   Box room, cell, size;
   Placement place;
+  double module;
+  Options sized;
 };
 
 }  // namespace

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <tuple>
 
 namespace Library {
@@ -35,11 +34,11 @@ Box LargestIn(std::span<const Symbol> symbols, Options options, const Box& box) 
   return largest;
 }
 
-// The share that `modules` are of the narrowest symbol, which gets the widest modules.
+// The share that `modules` are of the widest symbol, which fills its cell.
 double ShareOf(std::span<const Symbol> symbols, double modules) {
-  int least = std::numeric_limits<int>::max();
-  for (const Symbol& symbol : symbols) least = std::min(least, symbol.width);
-  return modules / least;
+  int most = 1;
+  for (const Symbol& symbol : symbols) most = std::max(most, symbol.width);
+  return modules / most;
 }
 
 bool HasBars(const Symbol& symbol) {

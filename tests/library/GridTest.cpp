@@ -296,8 +296,8 @@ TEST(GridPlans, KeepQuietZonesWhereNoDistanceIsSet) {
   }
 }
 
-// Dark stretches of the shadow that everything throws on an axis. No column or row of a QR Code is
-// light throughout, so each stretch is a column or a row of the grid.
+// Dark stretches of the shadow that everything throws on an axis. Columns and rows of these QR
+// Codes are nowhere light throughout, so each stretch is a column or a row of the grid.
 std::vector<std::pair<int, int>> Stretches(const Drawing& drawing, bool across) {
   std::vector<std::pair<int, int>> edges, stretches;
   for (const Rectangle& r : drawing.rectangles) {
@@ -389,6 +389,19 @@ TEST(GridDrawings, FillRowsFromTheUpperLeftAndLeaveTheRestEmpty) {
     // The middle of the upper left finder pattern.
     EXPECT_EQ(dark(cell % 3 * 23000 + 3500, 45000 - cell / 3 * 24000 - 3500), cell < 5);
   }
+}
+
+TEST(GridDrawings, HaveModulesOfOneWidthInTheMiddleOfTheirCells) {
+  // 25, 25 and 21 modules.
+  const Options options = GridOf(
+      kQrCode, Text(65), 30, [](Options& o) { o.grid.rows = 1, o.grid.horizontalDistance = 5000; });
+  const auto symbols = EncodeParts(options);
+  const Drawing drawing = LayOutGrid(symbols, options, {1, 3}, {0, 30000, 85000, 0});
+  const auto columns = Stretches(drawing, true);
+  ASSERT_GE(columns.size(), 3u);
+  EXPECT_EQ(columns[1], std::pair(30000, 55000));
+  EXPECT_EQ(columns[2].first, 62000);
+  EXPECT_EQ(columns.back().second, 83000);
 }
 
 TEST(GridDrawings, StandOnTheSameDots) {
