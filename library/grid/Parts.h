@@ -9,7 +9,7 @@
 namespace Library {
 
 // The message, its escapes translated and compressed as a whole if so set, is cut into parts of at
-// most the data limit, or of what the type holds, each as long as can be. Format string and check
+// most the data limit, headers not counted, or of what the type holds, each as long as can be. Format string and check
 // digits belong to the single symbol. GS1 data are cut between elements only, Interleaved 2 of 5
 // where the number of digits is even. A message that fits in one symbol makes one.
 //
