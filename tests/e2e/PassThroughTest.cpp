@@ -9,9 +9,7 @@
 
 namespace {
 
-using Support::Filter;
-using Support::Lines;
-using Support::Program;
+using namespace Support;
 
 struct Job {
   const char* name;
@@ -26,7 +24,7 @@ std::string EveryByte() {
 
 // Small jobs, cut at every place as well.
 std::vector<Job> SmallJobs() {
-  const std::string exit = "\x1b%-12345X";
+  const std::string exit = "\033%-12345X";
   return {
       {"PostScript",
        "%!PS-Adobe-3.0\n%%Pages: 1\n%%EndComments\n/F /Times-Roman findfont def\n%%Page: 1 1\n"
@@ -37,11 +35,8 @@ std::vector<Job> SmallJobs() {
        "%!PS\r\n($_vxr) ($_vx\\162) <245f76> <~+<VdL~> )) >> > ~> <\r$_vx%$_vx no\r\n(\\) <> "
        "() <~~> \x1c $ @ @PJL\r\n% $_vxrs no\r\n( ( )"},
       {"PCL",
-       "\x1b"
-       "E\x1b&l0O\x1b(10U\x1b(s0p10.00h12.0v0s0b3TInvoice $_vx $_ 12%\r\n"
-       "\x1b*t300R\x1b*r1A\x1b*b4W\x01\x02$_\x1b*rC<<(\\ \x1c"
-       "x \x1c\f\x1b"
-       "E"},
+       "\033E\033&l0O\033(10U\033(s0p10.00h12.0v0s0b3TInvoice $_vx $_ 12%\r\n"
+       "\033*t300R\033*r1A\033*b4W\x01\x02$_\033*rC<<(\\ \034x \x1c\f\033E"},
       {"PJL",
        exit +
            "@PJL JOB NAME=\"a\"\r\n@PJL SET COPIES=2\r\n@PJL ENTER LANGUAGE = POSTSCRIPT \r\n"
@@ -59,13 +54,12 @@ std::vector<Job> LargeJobs() {
   for (int count = 0; count < 4000; ++count) pages += page;
   std::string binary = "%!PS-Adobe-3.0\n%%BeginData: 5120 Binary Bytes\n";
   for (int count = 0; count < 20; ++count) binary += EveryByte();
+  std::string tokens;
+  for (int count = 0; count < 5000; ++count) tokens += "$_vxr";
   return {
       {"many pages", pages},
       {"binary PostScript", binary + "\n%%EndData\nshowpage\n"},
-      {"every byte twice in PCL",
-       "\x1b"
-       "E" +
-           EveryByte() + EveryByte()},
+      {"every byte twice in PCL", "\033E" + EveryByte() + EveryByte()},
       {"zero bytes in the first line", std::string("%!PS\0\0 x\0\n(a) show\n", 20)},
       {"one endless line", "%!PS " + std::string(300000, 'x')},
       {"first line of exactly a buffer", "%!PS" + std::string(4091, 'y') + "\n(a) show\n"},
@@ -74,13 +68,7 @@ std::vector<Job> LargeJobs() {
       {"one long hexadecimal string", "%!PS\n<" + std::string(200001, '4') + "> show\n"},
       {"one long unclosed string", "%!PS\n((" + std::string(150000, '(')},
       {"one long comment", "%!PS\n%" + std::string(200000, '(') + "\n"},
-      {"begin tokens all but their last letter", "%!PS\n" + pages.substr(0, 5000) +
-                                                     [] {
-                                                       std::string text;
-                                                       for (int count = 0; count < 5000; ++count)
-                                                         text += "$_vxr";
-                                                       return text;
-                                                     }()},
+      {"begin tokens all but their last letter", "%!PS\n" + pages.substr(0, 5000) + tokens},
       {"a line feed alone", "\n"},
       {"a single byte", "x"},
       {"carriage returns only", "%!PS\r(a) show\r% comment\r(b) show\r"},
@@ -104,40 +92,31 @@ void ExpectUnchanged(const Program& program, const std::string& job) {
 }
 
 // Settings that change the way of the bytes through the filter.
-const Lines kWays[] = {
-    {},
-    {"insert=beforeline"},
-    {"insert=afterline", "insertpattern=showpage"},
-    {"insert=afterstring", "linebyline"},
-    {"remove", "orvella=on"},
-    {"stream=ps"},
-    {"stream=pcl"},
-};
-
-std::string NameOf(const Lines& settings) {
-  std::string name;
-  for (const std::string& setting : settings) name += setting + ' ';
-  return name;
-}
+const char* const kWays[] = {"",
+                             "insert=beforeline",
+                             "insert=afterline insertpattern=showpage",
+                             "insert=afterstring linebyline",
+                             "remove orvella=on",
+                             "stream=ps",
+                             "stream=pcl"};
 
 TEST(PassThrough, LeavesJobsWithoutSequencesUnchanged) {
-  for (const std::vector<Job>& jobs : {SmallJobs(), LargeJobs()}) {
-    for (const Job& job : jobs) {
-      for (const Lines& settings : kWays) {
-        for (const bool inputFile : {false, true}) {
-          SCOPED_TRACE(std::string(job.name) + ", " + NameOf(settings) +
-                       (inputFile ? "from a file" : "from standard input"));
-          Program program = Filter(settings);
-          program.inputFile = inputFile;
-          ExpectUnchanged(program, job.bytes);
-        }
+  std::vector<Job> jobs = SmallJobs();
+  std::ranges::move(LargeJobs(), std::back_inserter(jobs));
+  for (const Job& job : jobs) {
+    for (const std::string settings : kWays) {
+      for (const bool inputFile : {false, true}) {
+        SCOPED_TRACE(job.name + (", " + settings) + (inputFile ? " from a file" : ""));
+        Program program = Filter(settings);
+        program.inputFile = inputFile;
+        ExpectUnchanged(program, job.bytes);
       }
     }
   }
 }
 
 TEST(PassThrough, DoesNotDependOnHowTheJobArrives) {
-  for (const std::size_t chunk : {1u, 2u, 3u, 7u}) {
+  for (const std::size_t chunk : {1u, 2u, 7u}) {
     for (const Job& job : SmallJobs()) {
       SCOPED_TRACE(std::string(job.name) + " in pieces of " + std::to_string(chunk));
       Program program = Filter();
@@ -162,77 +141,22 @@ TEST(PassThrough, LeavesJobsCutAtAnyPlaceUnchanged) {
 }
 
 TEST(PassThrough, KeepsWhatAResetFrameEncloses) {
-  const std::string front =
-                        "\x1b%-12345X\x1b"
-                        "E",
-                    back =
-                        "\x1b"
-                        "E\x1b%-12345X";
+  const std::string front = "\033%-12345X\033E", back = "\033E\033%-12345X";
   for (const Job& job : SmallJobs()) {
     SCOPED_TRACE(job.name);
-    EXPECT_EQ(Filter({"pclreset"}).run(job.bytes).output, front + job.bytes + back);
+    EXPECT_EQ(Filter("pclreset").run(job.bytes).output, front + job.bytes + back);
   }
 }
 
 // A random mixture of everything that means something to a PostScript or PCL reader.
 std::string Torture(std::mt19937& random) {
-  static const std::vector<std::string> kPieces = {"(",
-                                                   ")",
-                                                   "<",
-                                                   ">",
-                                                   "<<",
-                                                   ">>",
-                                                   "<~",
-                                                   "~>",
-                                                   "~",
-                                                   "%",
-                                                   "\\",
-                                                   "\\(",
-                                                   "\\)",
-                                                   "\\\\",
-                                                   "\\n",
-                                                   "\\12",
-                                                   "\\\n",
-                                                   "$",
-                                                   "$_",
-                                                   "$_v",
-                                                   "$_vx",
-                                                   "$_vxr",
-                                                   "$_vxre",
-                                                   "\n",
-                                                   "\r",
-                                                   "\r\n",
-                                                   "\x04",
-                                                   std::string(1, '\0'),
-                                                   "\x1b",
-                                                   "\x1b%-12345X",
-                                                   "\x1b*b3W",
-                                                   "@",
-                                                   "@PJL",
-                                                   "@PJL ENTER",
-                                                   "@PJL ENTER LANGUAGE=PCL\n",
-                                                   "@PJL ENTER LANGUAGE = PostScript\n",
-                                                   "\x1c",
-                                                   "\x1c"
-                                                   "c",
-                                                   " ",
-                                                   "\t",
-                                                   "{",
-                                                   "}",
-                                                   "[",
-                                                   "]",
-                                                   "/n",
-                                                   "z",
-                                                   "show ",
-                                                   "48656c",
-                                                   "87cUR",
-                                                   "\xff",
-                                                   "\x80\xfe",
-                                                   "%!PS",
-                                                   "%%Page: 1 1\n"};
-  std::string job = random() % 2 ? "%!PS-Adobe-3.0\n"
-                                 : "\x1b"
-                                   "E\x1b&l0O\n";
+  static const Lines kPieces = Join(
+      Split("( ) < > << >> <~ ~> ~ % \\ \\( \\) \\\\ \\n \\12 $ $_ $_v $_vx $_vxr $_vxre \x04 \033 "
+            "\033%-12345X \033*b3W @ @PJL \034 \034c { } [ ] /n z 48656c 87cUR \xff \x80\xfe %!PS",
+            " "),
+      {"\n", "\r", "\r\n", "\\\n", " ", "\t", "show ", "@PJL ENTER", "%%Page: 1 1\n",
+       "@PJL ENTER LANGUAGE=PCL\n", "@PJL ENTER LANGUAGE = PostScript\n", std::string(1, '\0')});
+  std::string job = random() % 2 ? "%!PS-Adobe-3.0\n" : "\033E\033&l0O\n";
   const auto pieces = random() % 400;
   for (unsigned count = 0; count < pieces; ++count) {
     const auto choice = random() % (kPieces.size() + 2);
@@ -262,9 +186,9 @@ TEST(PassThrough, LeavesRandomMixturesOfDelimitersUnchanged) {
   std::mt19937 random(20260101);
   for (int round = 0; round < 600; ++round) {
     const std::string job = Torture(random);
-    const Lines& settings = kWays[random() % 4];
+    const char* const settings = kWays[random() % 4];
     if (MightHoldASequence(job)) continue;
-    SCOPED_TRACE("round " + std::to_string(round) + " " + NameOf(settings));
+    SCOPED_TRACE("round " + std::to_string(round) + " " + settings);
     Program program = Filter(settings);
     program.inputFile = round % 3 == 0;
     program.inputChunk = round % 3 == 1 ? static_cast<std::size_t>(round % 11 + 1) : 0;

@@ -46,6 +46,17 @@ std::vector<Symbol> Decode(const Page& page, int atMost) {
   return symbols;
 }
 
+Symbol DecodeJob(std::string_view postScript, int dpi) {
+  const Rendering rendering = Render(postScript, dpi);
+  std::vector<Symbol> symbols;
+  if (rendering.pages.size() == 1) symbols = Decode(rendering.pages[0]);
+  if (symbols.size() == 1 && rendering.messages.empty()) return symbols[0];
+  Symbol none;
+  none.data = rendering.messages + std::to_string(rendering.pages.size()) + " pages with " +
+              Describe(symbols);
+  return none;
+}
+
 std::string Describe(const std::vector<Symbol>& symbols) {
   std::string text;
   for (const Symbol& symbol : symbols) {

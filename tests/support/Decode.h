@@ -21,6 +21,10 @@ std::vector<Symbol> Decode(const Page& page, int atMost = 1);
 // The same by ZBar, which knows neither Data Matrix nor Aztec nor PDF417; without orientation.
 std::vector<Symbol> DecodeWithZBar(const Page& page);
 
+// The one symbol on the one page of a job that Ghostscript has nothing to say about; else its data
+// describe what was found, and it has no format.
+Symbol DecodeJob(std::string_view postScript, int dpi = 300);
+
 // A line for messages: format, data and place of every symbol.
 std::string Describe(const std::vector<Symbol>& symbols);
 

@@ -15,14 +15,14 @@ std::string JoinLines(const Lines& lines) {
 
 }  // namespace
 
-Lines SplitLines(std::string_view text) {
-  Lines lines;
+Lines Split(std::string_view text, std::string_view separator) {
+  Lines parts;
   while (!text.empty()) {
-    const std::size_t end = text.find('\n');
-    lines.emplace_back(text.substr(0, end));
-    text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+    const std::size_t end = text.find(separator);
+    parts.emplace_back(text.substr(0, end));
+    text.remove_prefix(end == text.npos ? text.size() : end + separator.size());
   }
-  return lines;
+  return parts;
 }
 
 Lines Join(Lines settings, const Lines& more) {
@@ -42,6 +42,7 @@ Program::Result Program::run(std::string_view input) const {
   if (standIn) {
     command.environment.emplace_back("LD_LIBRARY_PATH", VEXTORIN_STANDIN);
     command.environment.emplace_back("VX_STANDIN_LOG", folder.file("calls"));
+    command.environment.emplace_back("VX_STANDIN_OUTPUT", kDrawing);  // an earlier one goes first
   }
   if (inputFile) {
     command.arguments.push_back(folder.write("job", input));
@@ -49,16 +50,29 @@ Program::Result Program::run(std::string_view input) const {
     command.input = input;
   }
   Result result{Support::Run(command), {}};
-  result.calls = SplitLines(ReadFile(folder.file("calls")));
+  result.calls = Split(ReadFile(folder.file("calls")));
   return result;
 }
 
-Program Filter(Lines settings) {
-  return {.settings = Join({"filter"}, settings)};
+std::string FirstWith(const Lines& texts, std::string_view beginning) {
+  for (const std::string& text : texts) {
+    if (text.starts_with(beginning)) return text;
+  }
+  return {};
 }
 
-Program StandAlone(Lines settings) {
-  return {.settings = std::move(settings)};
+Program StandAlone(std::string_view settings) {
+  return {.settings = Split(settings, " ")};
+}
+
+Program Filter(std::string_view settings) {
+  return {.settings = Join({"filter"}, Split(settings, " "))};
+}
+
+Program Recorded(Program program, Environment answers) {
+  program.standIn = true;
+  program.environment = std::move(answers);
+  return program;
 }
 
 }  // namespace Support
