@@ -1,5 +1,3 @@
-#include "library/prepare/Escapes.h"
-#include "library/prepare/Gs1.h"
 #include "tests/library/ScanSymbol.h"
 
 #include <gtest/gtest.h>
@@ -21,7 +19,6 @@ TEST(Gs1, ElementStringsAreEncodedAndShown) {
     const char* scanned;
     const char* text;
   } cases[] = {
-      {"(01)09501101530003", "0109501101530003", "(01)09501101530003"},
       {"(01)09501101530003(10)ABC(21)5",
        "010950110153000310ABC\x1D"
        "215",
@@ -31,16 +28,11 @@ TEST(Gs1, ElementStringsAreEncodedAndShown) {
        "0109501101530003",
        "(10)ABC(01)09501101530003"},
       {"(3103)001750(15)261231", "310300175015261231", "(3103)001750(15)261231"},
-      {R"((10)ABC\210(21)5\210)",
-       "10ABC\x1D"
-       "215",
-       "(10)ABC(21)5"},
       // A parenthesis is data unless it encloses an identifier that exists.
       {"(10)A(B)C(21)5",
        "10A(B)C\x1D"
        "215",
        "(10)A(B)C(21)5"},
-      {"(10)A(05)B(9", "10A(05)B(9", "(10)A(05)B(9"},
       {R"(010950110153000310ABC\210215)",
        "010950110153000310ABC\x1D"
        "215",
@@ -51,8 +43,6 @@ TEST(Gs1, ElementStringsAreEncodedAndShown) {
        "(10)ABC(21)5"},
       {"05unknown", "05unknown", "05unknown"},
       {"(253)4006381333931X1", "2534006381333931X1", "(253)4006381333931X1"},
-      {"(253)4006381333931", "2534006381333931", "(253)4006381333931"},
-      {"(7007)261231270101", "7007261231270101", "(7007)261231270101"},
   };
   for (const auto& row : cases) {
     SCOPED_TRACE(row.data);
@@ -73,20 +63,14 @@ TEST(Gs1, WrongElementStringsAreRefusedAtTheirPlace) {
       {"(01)0950110153000", {BC_E_INVALIDDATA, 1}},           // too short
       {"(01)095011015300031", {BC_E_INVALIDDATA, 18}},        // too long
       {"(10)ABCDEFGHIJKLMNOPQRSTU", {BC_E_INVALIDDATA, 24}},  // 21 of up to 20
-      {"(01)0950110153000A", {BC_E_INVALIDDATA, 17}},         // not a digit
       {"(15)261301", {BC_E_INVALIDDATA, 6}},                  // month 13
       {"(15)260229", {BC_E_INVALIDDATA, 8}},                  // no leap year
-      {"(15)260200", {BC_OK, -1}},                            // day not told
       {"(10)(21)5", {BC_E_INVALIDDATA, 1}},                   // empty
       {"(05)1", {BC_E_INVALIDDATA, 1}},                       // no such identifier
-      {"(1x)1", {BC_E_INVALIDDATA, 1}},
       {"(", {BC_E_INVALIDDATA, 0}},
       {"10AB[C", {BC_E_INVALIDDATA, 4}},
-      {"10AB C", {BC_E_INVALIDDATA, 4}},
       {R"(10A\21121)", {BC_E_INVALIDDATA, 3}},      // FNC2
       {R"(10A\210\21021)", {BC_E_INVALIDDATA, 7}},  // empty field
-      {R"(\210)", {BC_E_INVALIDDATA, -1}},
-      {"(91)1234567890123456789012345678901234567890123456", {BC_OK, -1}},
       {"(91)12345678901234567890123456789012345678901234567", {BC_E_DATATOOLONG, -1}},
   };
   for (const auto& row : cases) {
@@ -98,27 +82,20 @@ TEST(Gs1, WrongElementStringsAreRefusedAtTheirPlace) {
 }
 
 TEST(Gs1, MatrixSymbolsCarryTheSameElements) {
-  const struct {
-    int type;
-    const char* identifier;
-  } cases[] = {{58, "]Q3"}, {71, "]d2"}, {92, "]z1"}};
-  for (const auto& row : cases) {
-    for (const char* const data :
-         {"(01)09501101530003(10)ABC(21)5%", R"(010950110153000310ABC\210215%)"}) {
-      SCOPED_TRACE(testing::Message() << row.type << data);
-      Library::Options options = Gs1Options(data);
-      options.type = row.type;
-      options.qr.format = options.dataMatrix.format = options.aztec.format = 1;
-      const Library::Symbol symbol = Library::Encode(options);
-      const Scanned scanned = Scan(symbol);
-      EXPECT_EQ(scanned.identifier, row.identifier);
-      EXPECT_EQ(scanned.bytes,
-                "010950110153000310ABC\x1D"
-                "215%");
-      EXPECT_EQ(symbol.texts.at(0).text, "(01)09501101530003(10)ABC(21)5%");
-      options.data = "(01)09501101530004";
-      EXPECT_EQ(RefusalOf(options), (Refusal{BC_E_INVALIDDATA, 17}));
-    }
+  for (const auto& [type, identifier] : {std::pair{58, "]Q3"}, {71, "]d2"}, {92, "]z1"}}) {
+    SCOPED_TRACE(type);
+    Library::Options options = Gs1Options("(01)09501101530003(10)ABC(21)5%");
+    options.type = type;
+    options.qr.format = options.dataMatrix.format = options.aztec.format = 1;
+    const Library::Symbol symbol = Library::Encode(options);
+    const Scanned scanned = Scan(symbol);
+    EXPECT_EQ(scanned.identifier, identifier);
+    EXPECT_EQ(scanned.bytes,
+              "010950110153000310ABC\x1D"
+              "215%");
+    EXPECT_EQ(symbol.texts.at(0).text, options.data);
+    options.data = "(01)09501101530004";
+    EXPECT_EQ(RefusalOf(options), (Refusal{BC_E_INVALIDDATA, 17}));
   }
 }
 
