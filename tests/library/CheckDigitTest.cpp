@@ -63,11 +63,10 @@ TEST(CheckDigits, AreVerifiedOrCorrectedWhereTheyAreGiven) {
     EXPECT_EQ(RefusalOf(options), (Refusal{BC_E_INVALIDDATA, place}));
     options.autoCorrect = 1;
     EXPECT_EQ(Library::Encode(options).checkDigits, row.right);
+    options.data = row.data + row.right;
+    const std::string given = Scan(Library::Encode(options)).bytes;
     for (const int method : {0, 1, 2}) {
       options.checkDigitMethod = method;
-      EXPECT_EQ(Library::CheckDigitCount(options), 1);
-      options.data = row.data + row.right;
-      const std::string given = Scan(Library::Encode(options)).bytes;
       options.data = row.data;
       EXPECT_EQ(Scan(Library::Encode(options)).bytes, given);
     }
