@@ -93,6 +93,8 @@ TEST(Embedding, FindsEverySequenceInEveryFormOfString) {
         kBarcode + "(\\(\\(" + kBlanked + "\\)x\\)) show\n"},
        {"split", "", split + " y) show\n", kBarcode + joined + " y) show\n"},
        {"split, barcode behind", "insert=afterstring", split + ")x", joined + ")" + kBarcode + "x"},
+       {"split up to a dictionary", "", "($_vxrs --data=1) show << /a ($_vxre) >>",
+        kBarcode + "(" + Blanks(15) + ") show << /a (" + Blanks(6) + ") >>"},
        {"two in a string", "", "(" + text + kSequence + ")",
         kBarcode + kBarcode + "(" + blanked + kBlanked + ")"},
        {"behind an open string", "linebyline", "(open\n(" + text + ")",
@@ -184,7 +186,7 @@ TEST(Embedding, ReadsTheOptionsOfRawSequencesInPostScriptStrings) {
       {"$_vxrs --data=" + Ascii85String("ABC") + " $_vxre", "BCSetTextA(b1, \"ABC\", 3)"},
       {"$_vxrs --data=AB $_vxre", "BCSetTextA(b1, \"AB\", 2)"},
       // The parts of a split sequence are joined by a blank; --data takes the first word.
-      {"($_vxrs --data=) show (123 $_vxre) show", "BCSetTextA(b1, \"123\", 3)"},
+      {"($_vxrs --data=) show (12) show (--height=5 $_vxre) show", "BCSetTextA(b1, \"12\", 2)"},
   };
   for (const auto& [sequence, call] : rows) {
     EXPECT_EQ(DataOf("%!PS\n" + sequence + "\n"), call) << sequence;

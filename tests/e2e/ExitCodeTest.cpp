@@ -125,14 +125,12 @@ TEST(ExitCode, OfHelpAndVersionTextsIsZeroWithOrWithoutArguments) {
 }
 
 TEST(HelpText, DescribesTheVersion1FormWhereItIsSwitchedOn) {
-  constexpr std::size_t kHelpSize = 11244;
   const std::string plain = RunWithArguments("barcodesettings", {}).output;
-  EXPECT_EQ(plain.size(), kHelpSize);
   const std::string both = RunWithArguments("barcodesettings v1format", {}).output;
-  EXPECT_EQ(both.substr(0, kHelpSize), plain);
-  EXPECT_TRUE(both.substr(kHelpSize).starts_with("  BARCODE_SETTINGS:\n")) << both;
-  EXPECT_TRUE(both.ends_with("content (must be the last parameter of the settings!)\n"));
-  EXPECT_EQ(RunWithArguments("help v1format", {}).output.size(), 1066U);
+  EXPECT_TRUE(both.starts_with(plain + "  BARCODE_SETTINGS:\n")) << both;
+  EXPECT_TRUE(both.ends_with("content (must be the last parameter of the settings!)\n")) << both;
+  const std::string usage = RunWithArguments("help", {}).output;
+  EXPECT_EQ(RunWithArguments("help v1format", {}).output, usage);
 }
 
 TEST(StandAloneOutput, ReplacesTheNamedFileForGroupAndOwnerToWrite) {

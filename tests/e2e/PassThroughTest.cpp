@@ -140,14 +140,6 @@ TEST(PassThrough, LeavesJobsCutAtAnyPlaceUnchanged) {
   }
 }
 
-TEST(PassThrough, KeepsWhatAResetFrameEncloses) {
-  const std::string front = "\033%-12345X\033E", back = "\033E\033%-12345X";
-  for (const Job& job : SmallJobs()) {
-    SCOPED_TRACE(job.name);
-    EXPECT_EQ(Filter("pclreset").run(job.bytes).output, front + job.bytes + back);
-  }
-}
-
 // A random mixture of everything that means something to a PostScript or PCL reader.
 std::string Torture(std::mt19937& random) {
   static const Lines kPieces = Join(

@@ -201,24 +201,6 @@ TEST(Scan, EveryFormAndEveryInsertModeKeepsTheRestOfTheJob) {
   }
 }
 
-TEST(Scan, OtherTextOfThePageIsStillPrinted) {
-  const std::string text =
-      "/Courier findfont 20 scalefont setfont 20 mm 70 mm moveto (TEXT) show\n";
-  const std::string plain = PageSetup(60, 60) + text + "showpage\n";
-  const std::string label = PageSetup(60, 60) + "10 mm 14 mm moveto\n" +
-                            "($_vxrs --data=1 -w60 -h30 $_vxre) show\n" + text + "showpage\n";
-  const Rendering before = Render(plain, 100);
-  const Rendering after = Render(Filter().run(label).output, 100);
-  ASSERT_EQ(before.pages.size(), 1u);
-  ASSERT_EQ(after.pages.size(), 1u);
-  // The upper 30 mm of the page, 118 rows, hold nothing but the text.
-  const auto upper = static_cast<std::ptrdiff_t>(before.pages[0].width) * 118;
-  EXPECT_TRUE(std::equal(before.pages[0].gray.begin(), before.pages[0].gray.begin() + upper,
-                         after.pages[0].gray.begin()));
-  EXPECT_TRUE(std::any_of(before.pages[0].gray.begin(), before.pages[0].gray.begin() + upper,
-                          [](int gray) { return gray == 0; }));
-}
-
 TEST(Scan, AGridOfBarcodesReadsAsOneMessage) {
   std::string data;
   for (int i = 0; i < 500; ++i) data += static_cast<char>('0' + i * i / 7 % 10);
