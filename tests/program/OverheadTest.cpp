@@ -10,11 +10,9 @@ namespace {
 
 using Settings::BarcodeSettings;
 
-constexpr const char* kBarcode = "<barcode>";
+const std::string kBarcode = "<barcode>";
 const std::string kPclOpener = "\033%-12345X\033E";
 const std::string kPclCloser = "\033E\033%-12345X";
-// Opener, prolog, epilogue and closer.
-constexpr std::size_t kWrapperWithoutPlacement = 27 + 911 + 16 + 27;
 
 std::string Wrapped(const BarcodeSettings& settings) {
   std::string output = kBarcode;
@@ -33,8 +31,7 @@ BarcodeSettings With(int format, int embed, int pos) {
 TEST(EmbeddingOverhead, PutsAnEmbeddedPostScriptBarcodeAtItsPlaceInAGraphicsStateOfItsOwn) {
   const std::string comment = "% translate to current position\n";
   const struct {
-    int pos;
-    int initgraphics;
+    int pos, initgraphics;
     std::string placement;
   } kCases[] = {
       {0, 0, "initgraphics\n\n"},
@@ -47,45 +44,33 @@ TEST(EmbeddingOverhead, PutsAnEmbeddedPostScriptBarcodeAtItsPlaceInAGraphicsStat
     BarcodeSettings settings = With(Settings::kFormatPostScript, 1, row.pos);
     settings.initgraphics = row.initgraphics;
     const std::string output = Wrapped(settings);
-
-    const std::string start = "\n\n% BEGIN OF BARCODE\ngsave\n" + row.placement +
-                              "/BeginBarcodeEPSF { %def               % Prepare for EPS file\n";
-    const std::string end = "  b4_Inc_state restore\n} bind def\n\nBeginBarcodeEPSF\n\n" +
-                            std::string(kBarcode) +
-                            "\nEndBarcodeEPSF\ngrestore\n% END OF BARCODE\n\n";
-    EXPECT_EQ(output.substr(0, start.size()), start);
-    EXPECT_TRUE(output.ends_with(end)) << output;
-    EXPECT_EQ(output.size(),
-              kWrapperWithoutPlacement + row.placement.size() + std::string(kBarcode).size());
+    EXPECT_TRUE(
+        output.starts_with("\n\n% BEGIN OF BARCODE\ngsave\n" + row.placement +
+                           "/BeginBarcodeEPSF { %def               % Prepare for EPS file\n"));
+    EXPECT_TRUE(output.ends_with("  b4_Inc_state restore\n} bind def\n\nBeginBarcodeEPSF\n\n" +
+                                 kBarcode + "\nEndBarcodeEPSF\ngrestore\n% END OF BARCODE\n\n"))
+        << output;
+    // Opener, prolog, epilogue and closer.
+    EXPECT_EQ(output.size() - row.placement.size() - kBarcode.size(), 27U + 911 + 16 + 27);
   }
 }
 
 TEST(EmbeddingOverhead, LeavesAloneWhatNeedsNone) {
   for (const int format : {Settings::kFormatNotSet, Settings::kFormatImage, Settings::kFormatPdf,
-                           Settings::kFormatPdfFragment}) {
-    SCOPED_TRACE(format);
-    EXPECT_EQ(Wrapped(With(format, 1, 0)), kBarcode);
-  }
-  EXPECT_EQ(Wrapped(With(Settings::kFormatPostScript, 0, 1)), kBarcode);
-  EXPECT_EQ(Wrapped(With(Settings::kFormatPostScript, -1, 1)), kBarcode);
-  EXPECT_EQ(Wrapped(With(Settings::kFormatPcl, 1, 1)), kBarcode);
-  for (const int format : {Settings::kFormatPostScript, Settings::kFormatPcl}) {
-    BarcodeSettings settings = With(format, 1, 1);
-    settings.nooverhead = 1;
-    EXPECT_EQ(Wrapped(settings), kBarcode);
-    settings.embed = 0;
-    EXPECT_EQ(Wrapped(settings), kBarcode);
-  }
+                           Settings::kFormatPdfFragment, Settings::kFormatPcl})
+    EXPECT_EQ(Wrapped(With(format, 1, 0)), kBarcode) << format;
+  for (const int embed : {0, -1})
+    EXPECT_EQ(Wrapped(With(Settings::kFormatPostScript, embed, 1)), kBarcode) << embed;
+  for (const int format : {Settings::kFormatPostScript, Settings::kFormatPcl})
+    for (const int embed : {0, 1}) {
+      BarcodeSettings settings = With(format, embed, 1);
+      settings.nooverhead = 1;
+      EXPECT_EQ(Wrapped(settings), kBarcode) << format << ' ' << embed;
+    }
 }
 
-TEST(EmbeddingOverhead, FramesAPclBarcodeThatStandsAlone) {
-  for (const int embed : {0, -1}) {
-    SCOPED_TRACE(embed);
-    EXPECT_EQ(Wrapped(With(Settings::kFormatPcl, embed, 1)), kPclOpener + kBarcode + kPclCloser);
-  }
-}
-
-TEST(EmbeddingOverhead, MovesThePclCursorPastTheBarcode) {
+TEST(EmbeddingOverhead, FramesAPclBarcodeThatStandsAloneAndMovesTheCursorPastIt) {
+  EXPECT_EQ(Wrapped(With(Settings::kFormatPcl, -1, 1)), kPclOpener + kBarcode + kPclCloser);
   const struct {
     double width, height;
     int origin;
@@ -93,8 +78,7 @@ TEST(EmbeddingOverhead, MovesThePclCursorPastTheBarcode) {
   } kCases[] = {
       {50, 30, Settings::kOriginTop, "\033&a+1417h+850V"},
       {50, 30, Settings::kOriginBottom, "\033&a+1417h+0V"},
-      {50, 30, Settings::kOriginNotSet, "\033&a+1417h+850V"},
-      {25.4, 12.7, Settings::kOriginTop, "\033&a+720h+360V"},
+      {25.4, 12.7, Settings::kOriginNotSet, "\033&a+720h+360V"},
       {0.01, 0.02, Settings::kOriginTop, "\033&a+0h+1V"},
       {1e300, std::numeric_limits<double>::quiet_NaN(), Settings::kOriginTop,
        "\033&a+2147483647h+0V"},
@@ -106,7 +90,7 @@ TEST(EmbeddingOverhead, MovesThePclCursorPastTheBarcode) {
     settings.width = row.width;
     settings.height = row.height;
     settings.origin = row.origin;
-    EXPECT_EQ(Wrapped(settings), std::string(kBarcode) + row.move);
+    EXPECT_EQ(Wrapped(settings), kBarcode + row.move);
     settings.embed = 0;
     EXPECT_EQ(Wrapped(settings), kPclOpener + kBarcode + row.move + kPclCloser);
   }

@@ -4,7 +4,50 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdarg>
+#include <cstdio>
 #include <functional>
+#include <vector>
+
+namespace {
+
+// The calls for the system log, whose functions are replaced in this process.
+std::vector<std::string> g_syslog;
+
+void WriteDown(int priority, const char* format, std::va_list arguments) {
+  char text[256];
+  std::vsnprintf(text, sizeof text, format, arguments);
+  g_syslog.push_back(Diag::Text(priority, " [", text, ']'));
+}
+
+}  // namespace
+
+extern "C" {
+
+void openlog(const char* identity, int options, int facility) {
+  g_syslog.push_back(Diag::Text("open ", identity, ' ', options, ' ', facility));
+}
+
+void closelog() {
+  g_syslog.push_back("close");
+}
+
+void syslog(int priority, const char* format, ...) {
+  std::va_list arguments;
+  va_start(arguments, format);
+  WriteDown(priority, format, arguments);
+  va_end(arguments);
+}
+
+// What syslog is in a build with checked C library functions.
+void __syslog_chk(int priority, int, const char* format, ...) {
+  std::va_list arguments;
+  va_start(arguments, format);
+  WriteDown(priority, format, arguments);
+  va_end(arguments);
+}
+
+}  // extern "C"
 
 namespace {
 
@@ -20,19 +63,15 @@ std::string OnStderr(const Write& write, int maxLevel = Diag::kDebug) {
 }
 
 TEST(TraceLogLine, HasTagNameLevelWordAndIndentation) {
-  const struct {
-    Write write;
-    const char* line;
-  } kCases[] = {
+  const std::pair<Write, const char*> kCases[] = {
       {[](TraceLog& log) { log.Trace(Diag::kError, "m"); }, "ERROR: vextorin: Error: m\n"},
       {[](TraceLog& log) { log.Trace(Diag::kWarning, "m"); }, "WARNING: vextorin: Warning: m\n"},
       {[](TraceLog& log) { log.Trace(Diag::kInformation, "m"); }, "INFO: vextorin: Info: m\n"},
-      {[](TraceLog& log) { log.Trace(Diag::kDebug, "m"); }, "DEBUG: vextorin: m\n"},
+      {[](TraceLog& log) { log.Trace(Diag::kDebug, "n = ", -3, ' ', 0.254, ' ', true); },
+       "DEBUG: vextorin: n = -3 0.254 1\n"},
       {[](TraceLog& log) { log.TracePart(Diag::kError, "m"); }, "ERROR: vextorin: Error: m"},
       {[](TraceLog& log) { log.TraceCont(Diag::kError, "m"); }, "ERROR: m\n"},
       {[](TraceLog& log) { log.TraceRaw(Diag::kError, "a\nb\n"); }, "ERROR: a\nb\n"},
-      {[](TraceLog& log) { log.Trace(Diag::kDebug, "n = ", -3, ' ', 0.254, ' ', true); },
-       "DEBUG: vextorin: n = -3 0.254 1\n"},
       {[](TraceLog& log) {
          log.setName("other");
          log.increaseIndent();
@@ -50,17 +89,17 @@ TEST(TraceLogLine, HasTagNameLevelWordAndIndentation) {
       {[](TraceLog& log) {
          log.setMuted(true);
          log.Trace(Diag::kError, "m");
-       },
-       ""},
-      {[](TraceLog& log) {
+         log.setMuted(false);
          log.setStderrOn(false);
          log.Trace(Diag::kError, "m");
+         Diag::AssertToStderr(true, "File.cpp", 12, "fine");
+         Diag::AssertToLog(log, true, "File.cpp", 12, "fine");
        },
        ""},
   };
-  for (const auto& test : kCases) {
-    SCOPED_TRACE(test.line);
-    EXPECT_EQ(OnStderr(test.write), test.line);
+  for (const auto& [write, line] : kCases) {
+    SCOPED_TRACE(line);
+    EXPECT_EQ(OnStderr(write), line);
   }
 }
 
@@ -71,7 +110,6 @@ TEST(TraceLogLevel, LetsMessagesUpToItThrough) {
   };
   EXPECT_EQ(OnStderr(all, 0), "");
   EXPECT_EQ(OnStderr(all, 1), "ERROR: 1");
-  EXPECT_EQ(OnStderr(all, 3), "ERROR: 1WARNING: 2INFO: 3");
   EXPECT_EQ(OnStderr(all, 4), "ERROR: 1WARNING: 2INFO: 3DEBUG: 4");
 }
 
@@ -85,8 +123,6 @@ TEST(TraceLogCollection, HoldsErrorsAndWarningsWithoutTags) {
   log.Trace(Diag::kInformation, "b");
   log.TraceCont(Diag::kWarning, "c");
   EXPECT_EQ(log.getCollectedText(), "vextorin: Error: a\nc\n");
-  log.clearCollectedText();
-  EXPECT_EQ(log.getCollectedText(), "");
 }
 
 TEST(ErrorFile, IsAppendedToAndCompleteAfterEveryLine) {
@@ -96,7 +132,6 @@ TEST(ErrorFile, IsAppendedToAndCompleteAfterEveryLine) {
   for (const std::string run : {"first", "second"}) {
     TraceLog log;
     log.setStderrOn(false);
-    log.setErrorFileName("/nowhere/else");
     log.setErrorFileName(path);
     log.setErrorFileOn(true);
     EXPECT_EQ(log.openSinks(), TraceLog::kSinksOpen);
@@ -110,21 +145,50 @@ TEST(ErrorFile, ThatCannotBeOpenedIsReportedAndLeftOut) {
   const struct {
     const char* name;
     Diag::ResultCode result;
-    const char* report;
+    std::string report;
   } kCases[] = {
       {"", Diag::kInvalidArgument, "Filename of error file must be specified.\n"},
       {"/nowhere/error.txt", Diag::kAccessDenied,
        "Couldn't open error file.\nError message:No such file or directory\n"},
   };
   for (const auto& test : kCases) {
-    SCOPED_TRACE(test.name);
     const std::string report = OnStderr([&](TraceLog& log) {
       log.setErrorFileName(test.name);
       log.setErrorFileOn(true);
       EXPECT_EQ(log.openSinks(), test.result);
       log.Trace(Diag::kError, "goes on");
     });
-    EXPECT_EQ(report, std::string(test.report) + "ERROR: vextorin: Error: goes on\n");
+    EXPECT_EQ(report, test.report + "ERROR: vextorin: Error: goes on\n");
+  }
+}
+
+TEST(Syslog, GetsMessagesWithoutNameAndLineEndWhileOn) {
+  constexpr int kWithProcessId = 1;
+  constexpr int kUserFacility = 8;
+  for (const bool on : {true, false}) {
+    g_syslog.clear();
+    {
+      TraceLog log;
+      log.setStderrOn(false);
+      log.setSyslogOn(on);
+      log.setMaxLevel(Diag::kDebug);
+      log.setName("queue");
+      EXPECT_EQ(log.openSinks(), TraceLog::kSinksOpen);
+      log.increaseIndent();
+      log.Trace(Diag::kError, "100%s");
+      log.TracePart(Diag::kWarning, "one ");
+      log.TraceCont(Diag::kInformation, "two");
+      log.TraceRaw(Diag::kDebug, "three\n");
+    }
+    const std::vector<std::string> expected = {
+        "close",  // open sinks are closed first
+        Diag::Text("open queue ", kWithProcessId, ' ', kUserFacility),
+        "11 [Error:   100%s]",
+        "12 [Warning:   one ]",
+        "14 [  two]",
+        "14 [  three\n]",
+        "close"};
+    EXPECT_EQ(g_syslog, on ? expected : std::vector<std::string>{});
   }
 }
 
@@ -132,20 +196,9 @@ TEST(FailedAssertion, ReportsItselfAndEndsTheProcessWith100) {
   const std::string report = "Assertion failed!\nFile: File.cpp\nLine: 12\nInfo: broken\n";
   EXPECT_EXIT(Diag::AssertToStderr(false, "File.cpp", 12, "broken"), testing::ExitedWithCode(100),
               "^" + report + "$");
-  EXPECT_EXIT(
-      {
-        TraceLog log;
-        Diag::AssertToLog(log, false, "File.cpp", 12, "broken");
-      },
-      testing::ExitedWithCode(100), "^ERROR: " + report + "$");
-}
-
-TEST(HoldingAssertion, DoesNothing) {
-  EXPECT_EQ(OnStderr([](TraceLog& log) {
-              Diag::AssertToStderr(true, "File.cpp", 12, "fine");
-              Diag::AssertToLog(log, true, "File.cpp", 12, "fine");
-            }),
-            "");
+  TraceLog log;
+  EXPECT_EXIT(Diag::AssertToLog(log, false, "File.cpp", 12, "broken"), testing::ExitedWithCode(100),
+              "^ERROR: " + report + "$");
 }
 
 }  // namespace

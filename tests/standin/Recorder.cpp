@@ -8,10 +8,9 @@
 //                           that name or for the second one only
 //   VX_STANDIN_OUTPUT       bytes that the output functions write; \0 stands for a zero byte
 //   VX_STANDIN_NEEDED       "70000,80000": bytes that the first, second, ... output call asks for
-//   VX_STANDIN_SIZE         "40x20": millimetres that the size query answers
 //   VX_STANDIN_LAYOUT       "60000x30000": size that the grid needs, 1/1000 mm
 //   VX_STANDIN_INVALIDPOS, VX_STANDIN_COMPOSITE, VX_STANDIN_ERRORINCC, VX_STANDIN_CHECKDIGITS,
-//   VX_STANDIN_MAXLEN, VX_STANDIN_ROWS, VX_STANDIN_ERRORTEXT
+//   VX_STANDIN_MAXLEN, VX_STANDIN_ERRORTEXT
 //                           answers of the state queries
 //
 // In the log a handle is its number, counted from the first BCAlloc ("b1"), a text is quoted with
@@ -20,7 +19,9 @@
 
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <charconv>
+#include <concepts>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -28,7 +29,6 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 struct BCBarcode {
@@ -44,21 +44,9 @@ std::string_view Environment(const char* name, std::string_view otherwise = {}) 
   return value ? std::string_view(value) : otherwise;
 }
 
-template <class Number>
-Number ReadNumber(std::string_view text, Number otherwise, int base = 10) {
-  Number value = otherwise;
-  std::from_chars(text.data(), text.data() + text.size(), value, base);
-  return value;
-}
-
-double ReadDouble(std::string_view text, double otherwise) {
-  double value = otherwise;
-  std::from_chars(text.data(), text.data() + text.size(), value);
-  return value;
-}
-
-int EnvironmentInt(const char* name, int otherwise) {
-  return ReadNumber(Environment(name), otherwise);
+int ReadNumber(std::string_view text, int otherwise = 0) {
+  std::from_chars(text.data(), text.data() + text.size(), otherwise);
+  return otherwise;
 }
 
 // The place-th of the values between separators; past the end, the last one.
@@ -72,79 +60,60 @@ std::string_view Part(std::string_view list, char separator, int place) {
 
 // Arguments as the log shows them.
 
+template <class... Values>
+std::string Formatted(const char* format, Values... values) {
+  char text[16];
+  return {text, static_cast<std::size_t>(std::snprintf(text, sizeof text, format, values...))};
+}
+
 std::string Shown(std::string_view bytes) {
   std::string text = "\"";
   for (const char c : bytes) {
-    const unsigned char byte = static_cast<unsigned char>(c);
-    if (byte < 32 || byte > 126 || c == '"' || c == '\\') {
-      char escape[8];
-      std::snprintf(escape, sizeof escape, "\\x%02x", byte);
-      text += escape;
-    } else {
-      text += c;
-    }
+    const bool plain = c >= 32 && c < 127 && c != '"' && c != '\\';
+    text += plain ? std::string(1, c) : Formatted("\\x%02x", static_cast<unsigned char>(c));
   }
   return text + '"';
 }
-
 std::string Shown(const char* text) {
   return text ? Shown(std::string_view(text)) : "null";
 }
 std::string Shown(char letter) {
   return {'\'', letter, '\''};
 }
-std::string Shown(int number) {
-  return std::to_string(number);
+std::string Shown(BCResult code) {
+  return Formatted("0x%08x", code);
 }
-std::string Shown(std::uint32_t code) {
-  char text[12];
-  std::snprintf(text, sizeof text, "0x%08x", code);
-  return text;
-}
-std::string Shown(double number) {
+template <class Number>
+requires std::same_as<Number, int> || std::same_as<Number, double> std::string Shown(
+    Number number) {
   char text[40];
   return {text, std::to_chars(text, text + sizeof text, number).ptr};
 }
-std::string Shown(const void* pointer) {
-  return pointer ? "pointer" : "null";
-}
 std::string Shown(void* pointer) {
-  return Shown(static_cast<const void*>(pointer));
+  return pointer ? "pointer" : "null";
 }
 std::string Shown(BCBarcode* barcode) {
   return barcode ? "b" + std::to_string(barcode->number) : "null";
 }
-std::string Shown(const std::uint32_t* size) {
+std::string Shown(std::uint32_t* size) {
   return std::to_string(*size);
 }
-
 template <class Box>
-std::string ShownBox(const Box* box) {
+std::string Shown(const Box* box) {
   if (!box) return "null";
   return '[' + Shown(box->left) + ' ' + Shown(box->top) + ' ' + Shown(box->right) + ' ' +
          Shown(box->bottom) + ']';
 }
-std::string Shown(const BCRect* box) {
-  return ShownBox(box);
-}
-std::string Shown(const BCMargins* box) {
-  return ShownBox(box);
-}
-
-void WriteLine(const std::string& line) {
-  const std::string file(Environment("VX_STANDIN_LOG"));
-  if (file.empty()) return;
-  if (std::FILE* log = std::fopen(file.c_str(), "ab")) {
-    std::fputs((line + '\n').c_str(), log);
-    std::fclose(log);
-  }
-}
 
 template <class... Arguments>
-void Log(const char* name, const Arguments&... arguments) {
+void Log(const char* name, Arguments... arguments) {
   std::string line;
   ((line += (line.empty() ? "" : ", ") + Shown(arguments)), ...);
-  WriteLine(std::string(name) + '(' + line + ')');
+  const std::string file(Environment("VX_STANDIN_LOG"));
+  if (std::FILE* log = file.empty() ? nullptr : std::fopen(file.c_str(), "ab")) {
+    std::fprintf(log, "%s(%s)\n", name, line.c_str());
+    std::fclose(log);
+  }
 }
 
 // The result that VX_STANDIN_FAIL asks of this call of `name`.
@@ -157,172 +126,131 @@ BCResult Steered(std::string_view name) {
     list.remove_prefix(std::min(list.size(), entry.size() + 1));
     const std::string_view which = Part(entry, '=', 0);
     if (Part(which, '#', 0) != name) continue;
-    if (which != name && ReadNumber(Part(which, '#', 1), 0) != call) continue;
-    return ReadNumber(Part(entry, '=', 1), BC_OK, 16);
+    if (which != name && ReadNumber(Part(which, '#', 1)) != call) continue;
+    const std::string code(Part(entry, '=', 1));
+    return static_cast<BCResult>(std::strtoul(code.c_str(), nullptr, 16));
   }
   return BC_OK;
 }
 
 // A call on a barcode: logged, and answered as steered; a null handle is refused.
 template <class... Arguments>
-BCResult Call(const char* name, BCBarcode* barcode, const Arguments&... arguments) {
+BCResult Call(const char* name, BCBarcode* barcode, Arguments... arguments) {
   Log(name, barcode, arguments...);
   if (const BCResult code = Steered(name)) return code;
   return barcode ? BC_OK : BC_E_INVALIDARG;
 }
 
 std::string OutputBytes() {
-  std::string bytes;
-  std::string_view text = Environment("VX_STANDIN_OUTPUT", "STAND-IN\n");
-  while (!text.empty()) {
-    const bool zero = text.starts_with("\\0");
-    bytes += zero ? '\0' : text[0];
-    text.remove_prefix(zero ? 2 : 1);
-  }
+  std::string bytes(Environment("VX_STANDIN_OUTPUT", "STAND-IN\n"));
+  for (std::size_t at; (at = bytes.find("\\0")) != std::string::npos;)
+    bytes.replace(at, 2, 1, '\0');
   return bytes;
-}
-
-std::uint32_t NeededBytes(std::uint32_t least) {
-  static int call = 0;
-  return std::max(
-      least, ReadNumber(Part(Environment("VX_STANDIN_NEEDED"), ',', call++), std::uint32_t{0}));
 }
 
 // What all output functions share, once the call itself is logged and its result decided.
 BCResult Output(BCResult code, char* buffer, std::uint32_t* size) {
-  const std::uint32_t capacity = *size;
+  static int call = 0;
+  const int wanted = ReadNumber(Part(Environment("VX_STANDIN_NEEDED"), ',', call++));
   const std::string bytes = OutputBytes();
-  const std::uint32_t needed = NeededBytes(static_cast<std::uint32_t>(bytes.size()));
+  const auto written = static_cast<std::uint32_t>(bytes.size());
+  const std::uint32_t needed = std::max(written, static_cast<std::uint32_t>(wanted));
   if (code != BC_OK) return code;
-  *size = needed > capacity ? needed : static_cast<std::uint32_t>(bytes.size());
-  if (needed > capacity) return BC_E_BUFFERTOOSMALL;
+  const bool fits = needed <= *size;
+  *size = fits ? written : needed;
+  if (!fits) return BC_E_BUFFERTOOSMALL;
   std::memcpy(buffer, bytes.data(), bytes.size());
   return BC_OK;
 }
 
 }  // namespace
 
+// FOR_EACH(macro, a, b, ...): macro(a) macro(b) ..., up to 256 of them.
+#define PARENTHESES ()
+#define EXPAND(...) EXPAND_64(EXPAND_64(EXPAND_64(EXPAND_64(__VA_ARGS__))))
+#define EXPAND_64(...) EXPAND_16(EXPAND_16(EXPAND_16(EXPAND_16(__VA_ARGS__))))
+#define EXPAND_16(...) EXPAND_4(EXPAND_4(EXPAND_4(EXPAND_4(__VA_ARGS__))))
+#define EXPAND_4(...) __VA_ARGS__
+#define FOR_EACH(macro, ...) EXPAND(STEP(macro, __VA_ARGS__))
+#define STEP(macro, name, ...) macro(name) __VA_OPT__(AGAIN PARENTHESES(macro, __VA_ARGS__))
+#define AGAIN() STEP
+
+// Functions that are logged with all their arguments.
+#define CALL(name, parameters, ...)                   \
+  BCResult name parameters {                          \
+    return Call(#name, b __VA_OPT__(, ) __VA_ARGS__); \
+  }
+#define SET_NUMBER(name) CALL(name, (BCBarcode * b, int value), value)
+#define SET_TEXT(name) CALL(name, (BCBarcode * b, const char* value), value)
+#define SET_GRAY(name) CALL(name, (BCBarcode * b, double level), level)
+#define SET_RGB(name) \
+  CALL(name, (BCBarcode * b, double red, double green, double blue), red, green, blue)
+#define SET_CMYK(name) \
+  CALL(name, (BCBarcode * b, double c, double m, double y, double k), c, m, y, k)
+#define OUTPUT(name, parameters, ...)                         \
+  BCResult name parameters {                                  \
+    return Output(Call(#name, b, __VA_ARGS__), buffer, size); \
+  }
+#define QUERY(name, variable, otherwise)                         \
+  int name(BCBarcode* b) {                                       \
+    Log(#name, b);                                               \
+    return b ? ReadNumber(Environment(variable), otherwise) : 0; \
+  }
+
 extern "C" {
 
-#define SETTER0(name)           \
-  BCResult name(BCBarcode* b) { \
-    return Call(#name, b);      \
-  }
-#define SETTER1(name, A)              \
-  BCResult name(BCBarcode* b, A a1) { \
-    return Call(#name, b, a1);        \
-  }
-#define SETTER2(name, A, B)                 \
-  BCResult name(BCBarcode* b, A a1, B a2) { \
-    return Call(#name, b, a1, a2);          \
-  }
-#define SETTER3(name, A, B, C)                    \
-  BCResult name(BCBarcode* b, A a1, B a2, C a3) { \
-    return Call(#name, b, a1, a2, a3);            \
-  }
-#define SETTER4(name, A, B, C, D)                       \
-  BCResult name(BCBarcode* b, A a1, B a2, C a3, D a4) { \
-    return Call(#name, b, a1, a2, a3, a4);              \
-  }
+CALL(BCCreate, (BCBarcode * b))
+FOR_EACH(SET_NUMBER, BCSetCompression, BCSetCDMethod, BCSetAutoCorrect, BCSetTranslateEsc,
+         BCSetBearerBarType, BCSetBearerBarWidth, BCSetNotchHeight, BCSetOptResolution,
+         BCSetMustFit, BCSetDecoder, BCSetSizeMode, BCSetTextAlignment, BCSetFontHeight,
+         BCSetTextDist, BCSetColorMode, BCSetBkMode, BCSetPCLMode, BCSet2DCompositeComponent,
+         BCSetRotation, BCSet_PDF417_Rows, BCSet_PDF417_Columns, BCSet_PDF417_RowHeight,
+         BCSet_PDF417_ECLevel, BCSet_PDF417_EncodingMode, BCSet_PDF417_SegIndex,
+         BCSet_PDF417_SegCount, BCSet_PDF417_TimeStamp, BCSet_PDF417_FileSize,
+         BCSet_PDF417_CheckSum, BCSet_PDF417_SegLast, BCSet_MPDF417_Version, BCSet_MPDF417_Mode,
+         BCSet_Maxi_Mode, BCSet_Maxi_UnderCut, BCSet_QR_Version, BCSet_QR_Format, BCSet_QR_ECLevel,
+         BCSet_QR_Mask, BCSet_MQR_Version, BCSet_MQR_Mask, BCSet_DM_Size, BCSet_DM_Format,
+         BCSet_DM_EnforceBinaryEncoding, BCSet_DM_Rectangular, BCSet_CBF_Rows, BCSet_CBF_Columns,
+         BCSet_CBF_RowHeight, BCSet_CBF_RowSeparatorHeight, BCSet_CBF_Format, BCSet_Aztec_Size,
+         BCSet_Aztec_EnforceBinaryEncoding, BCSet_Aztec_RuneMode, BCSet_Aztec_ErrorCorrection,
+         BCSet_Aztec_AppendActive, BCSet_RSS_SegmPerRow, BCSet_MultiBC_Enabled, BCSet_MultiBC_Rows,
+         BCSet_MultiBC_Columns, BCSet_MultiBC_HDist, BCSet_MultiBC_VDist, BCSet_MultiBC_DataLimit,
+         BCSet_MultiBC_DynamicBoundingRect, BCSet_MultiBC_StructApp)
+FOR_EACH(SET_TEXT, BCSetModWidthA, BCSetRatioA, BCSetFormatA, BCSetFontNameA,
+         BCSet_PDF417_RowColRatioA, BCSet_PDF417_FileIDA, BCSet_PDF417_FileNameA,
+         BCSet_PDF417_SenderA, BCSet_PDF417_AddresseeA, BCSet_QR_FmtAppIndicatorA)
+FOR_EACH(SET_GRAY, BCSetBarcodeColorGray, BCSetFontColorGray, BCSetBackgroundColorGray)
+FOR_EACH(SET_RGB, BCSetBarcodeColorRGB, BCSetFontColorRGB, BCSetBackgroundColorRGB)
+FOR_EACH(SET_CMYK, BCSetBarcodeColorCMYK, BCSetFontColorCMYK, BCSetBackgroundColorCMYK)
+CALL(BCSetBarWidthReduction, (BCBarcode * b, double value, int unit), value, unit)
+CALL(BCSetDPI, (BCBarcode * b, double x, double y), x, y)
+CALL(BCSetQuietZone, (BCBarcode * b, const BCMargins* margins, int unit), margins, unit)
+CALL(BCSetPrintText, (BCBarcode * b, int show, int above), show, above)
+CALL(BCSet_Maxi_Append, (BCBarcode * b, int sum, int index), sum, index)
+CALL(BCSet_Maxi_SCMA, (BCBarcode * b, const char* service, const char* country, const char* postal),
+     service, country, postal)
+CALL(BCSet_Maxi_UsePreambleA, (BCBarcode * b, int on, const char* preamble), on, preamble)
+CALL(BCSet_QR_Append, (BCBarcode * b, int sum, int index, int parity), sum, index, parity)
+CALL(BCSet_DM_Append, (BCBarcode * b, int sum, int index, int file), sum, index, file)
+CALL(BCSet_Aztec_FormatA, (BCBarcode * b, int format, const char* text), format, text)
+CALL(BCSet_Aztec_AppendDataA, (BCBarcode * b, char sum, char index, const char* id), sum, index, id)
 
-// clang-format off
-SETTER0(BCCreate)
-SETTER1(BCSetCompression, int)
-SETTER1(BCSetCDMethod, int)
-SETTER1(BCSetAutoCorrect, int)
-SETTER1(BCSetTranslateEsc, int)
-SETTER1(BCSetBearerBarType, int)
-SETTER1(BCSetBearerBarWidth, int32_t)
-SETTER1(BCSetNotchHeight, int32_t)
-SETTER1(BCSetModWidthA, const char*)
-SETTER2(BCSetBarWidthReduction, double, int)
-SETTER1(BCSetRatioA, const char*)
-SETTER1(BCSetFormatA, const char*)
-SETTER2(BCSetDPI, double, double)
-SETTER1(BCSetOptResolution, int)
-SETTER2(BCSetQuietZone, const BCMargins*, int)
-SETTER1(BCSetMustFit, int)
-SETTER1(BCSetDecoder, int)
-SETTER1(BCSetSizeMode, int)
-SETTER2(BCSetPrintText, int, int)
-SETTER1(BCSetTextAlignment, int)
-SETTER1(BCSetFontHeight, int)
-SETTER1(BCSetFontNameA, const char*)
-SETTER1(BCSetTextDist, int32_t)
-SETTER1(BCSetColorMode, int)
-SETTER3(BCSetBarcodeColorRGB, double, double, double)
-SETTER3(BCSetFontColorRGB, double, double, double)
-SETTER3(BCSetBackgroundColorRGB, double, double, double)
-SETTER1(BCSetBarcodeColorGray, double)
-SETTER1(BCSetFontColorGray, double)
-SETTER1(BCSetBackgroundColorGray, double)
-SETTER4(BCSetBarcodeColorCMYK, double, double, double, double)
-SETTER4(BCSetFontColorCMYK, double, double, double, double)
-SETTER4(BCSetBackgroundColorCMYK, double, double, double, double)
-SETTER1(BCSetBkMode, int)
-SETTER1(BCSetPCLMode, int)
-SETTER1(BCSet2DCompositeComponent, int)
-SETTER1(BCSetRotation, int)
-SETTER1(BCSet_PDF417_Rows, int)
-SETTER1(BCSet_PDF417_Columns, int)
-SETTER1(BCSet_PDF417_RowHeight, int32_t)
-SETTER1(BCSet_PDF417_ECLevel, int)
-SETTER1(BCSet_PDF417_EncodingMode, int)
-SETTER1(BCSet_PDF417_RowColRatioA, const char*)
-SETTER1(BCSet_PDF417_SegIndex, int)
-SETTER1(BCSet_PDF417_SegCount, int)
-SETTER1(BCSet_PDF417_TimeStamp, int)
-SETTER1(BCSet_PDF417_FileSize, int)
-SETTER1(BCSet_PDF417_CheckSum, int)
-SETTER1(BCSet_PDF417_SegLast, int)
-SETTER1(BCSet_PDF417_FileIDA, const char*)
-SETTER1(BCSet_PDF417_FileNameA, const char*)
-SETTER1(BCSet_PDF417_SenderA, const char*)
-SETTER1(BCSet_PDF417_AddresseeA, const char*)
-SETTER1(BCSet_MPDF417_Version, int)
-SETTER1(BCSet_MPDF417_Mode, int)
-SETTER1(BCSet_Maxi_Mode, int)
-SETTER1(BCSet_Maxi_UnderCut, int)
-SETTER2(BCSet_Maxi_Append, int, int)
-SETTER3(BCSet_Maxi_SCMA, const char*, const char*, const char*)
-SETTER2(BCSet_Maxi_UsePreambleA, int, const char*)
-SETTER1(BCSet_QR_Version, int)
-SETTER1(BCSet_QR_Format, int)
-SETTER1(BCSet_QR_FmtAppIndicatorA, const char*)
-SETTER1(BCSet_QR_ECLevel, int)
-SETTER1(BCSet_QR_Mask, int)
-SETTER3(BCSet_QR_Append, int, int, int)
-SETTER1(BCSet_MQR_Version, int)
-SETTER1(BCSet_MQR_Mask, int)
-SETTER1(BCSet_DM_Size, int)
-SETTER1(BCSet_DM_Format, int)
-SETTER1(BCSet_DM_EnforceBinaryEncoding, int)
-SETTER1(BCSet_DM_Rectangular, int)
-SETTER3(BCSet_DM_Append, int, int, int)
-SETTER1(BCSet_CBF_Rows, int)
-SETTER1(BCSet_CBF_Columns, int)
-SETTER1(BCSet_CBF_RowHeight, int32_t)
-SETTER1(BCSet_CBF_RowSeparatorHeight, int32_t)
-SETTER1(BCSet_CBF_Format, int)
-SETTER1(BCSet_Aztec_Size, int)
-SETTER1(BCSet_Aztec_EnforceBinaryEncoding, int)
-SETTER1(BCSet_Aztec_RuneMode, int)
-SETTER2(BCSet_Aztec_FormatA, int, const char*)
-SETTER1(BCSet_Aztec_ErrorCorrection, int)
-SETTER1(BCSet_Aztec_AppendActive, int)
-SETTER3(BCSet_Aztec_AppendDataA, char, char, const char*)
-SETTER1(BCSet_RSS_SegmPerRow, int)
-SETTER1(BCSet_MultiBC_Enabled, int)
-SETTER1(BCSet_MultiBC_Rows, int)
-SETTER1(BCSet_MultiBC_Columns, int)
-SETTER1(BCSet_MultiBC_HDist, int32_t)
-SETTER1(BCSet_MultiBC_VDist, int32_t)
-SETTER1(BCSet_MultiBC_DataLimit, int)
-SETTER1(BCSet_MultiBC_DynamicBoundingRect, int)
-SETTER1(BCSet_MultiBC_StructApp, int)
-// clang-format on
+OUTPUT(BCPostscriptToMemoryExt,
+       (BCBarcode * b, char* buffer, uint32_t* size, const BCRect* rect, int overhead), size, rect,
+       overhead)
+OUTPUT(BCPCLToMemoryExt,
+       (BCBarcode * b, char* buffer, uint32_t* size, const BCRect* rect, int relative), size, rect,
+       relative)
+OUTPUT(BCPDFToMemory, (BCBarcode * b, char* buffer, uint32_t* size, const BCRect* rect), size, rect)
+OUTPUT(BCPDFFragmentToMemory, (BCBarcode * b, char* buffer, uint32_t* size, const BCRect* rect),
+       size, rect)
+OUTPUT(BCBitmapToMemoryA,
+       (BCBarcode * b, char* buffer, const char* format, uint32_t* size, const BCRect* rect),
+       format, size, rect)
 
-// Session and information
+QUERY(BCGetInvalidDataPos, "VX_STANDIN_INVALIDPOS", -1)
+QUERY(BCGet2DCompositeComponent, "VX_STANDIN_COMPOSITE", 0)
+QUERY(BCGet_CompSym_ErrorInCC, "VX_STANDIN_ERRORINCC", 0)
 
 BCResult BCInitLibraryA(const char* text) {
   Log("BCInitLibraryA", text);
@@ -354,27 +282,22 @@ int FileExists(const char* path) {
   return stat(path, &status) == 0 && !S_ISDIR(status.st_mode);
 }
 
-// Object
-
 BCResult BCAlloc(BCBarcode** handle) {
   static int count = 0;
   Log("BCAlloc");
-  *handle = nullptr;
-  if (const BCResult code = Steered("BCAlloc")) return code;
-  *handle = new BCBarcode{++count, 0, {}};
-  return BC_OK;
+  const BCResult code = Steered("BCAlloc");
+  *handle = code == BC_OK ? new BCBarcode{++count, 0, {}} : nullptr;
+  return code;
 }
 
 BCResult BCFree(BCBarcode* b) {
   // A barcode that can't be freed may still be asked about.
   static std::vector<std::unique_ptr<BCBarcode>> kept;
   const BCResult code = Call("BCFree", b);
-  std::unique_ptr<BCBarcode> barcode(b);
-  if (code != BC_OK) kept.push_back(std::move(barcode));
+  kept.emplace_back(b);
+  if (code == BC_OK) kept.pop_back();
   return code;
 }
-
-// State
 
 BCResult BCSetBCType(BCBarcode* b, int type) {
   if (b) b->type = type;
@@ -392,72 +315,39 @@ int BCGetBCType(BCBarcode* b) {
   return b ? b->type : 0;
 }
 
-int BCGetMaxLenOfData(int type) {
-  Log("BCGetMaxLenOfData", type);
-  return EnvironmentInt("VX_STANDIN_MAXLEN", 0);
-}
-
-int BCGetCheckDigitsA(BCBarcode* b, char* buffer, int size) {
-  Log("BCGetCheckDigitsA", b, static_cast<const void*>(buffer), size);
-  return b ? EnvironmentInt("VX_STANDIN_CHECKDIGITS", 0) : -1;
-}
-
 const char* BCGetTextA(BCBarcode* b) {
   Log("BCGetTextA", b);
   return b ? b->data.c_str() : "";
 }
 
-#define QUERY(name, variable, otherwise)                \
-  int name(BCBarcode* b) {                              \
-    Log(#name, b);                                      \
-    return b ? EnvironmentInt(variable, otherwise) : 0; \
-  }
-QUERY(BCGetInvalidDataPos, "VX_STANDIN_INVALIDPOS", -1)
-QUERY(BCGetCountRows, "VX_STANDIN_ROWS", 1)
-QUERY(BCGet2DCompositeComponent, "VX_STANDIN_COMPOSITE", 0)
-QUERY(BCGet_CompSym_ErrorInCC, "VX_STANDIN_ERRORINCC", 0)
+int BCGetCountRows(BCBarcode* b) {
+  Log("BCGetCountRows", b);
+  return b ? 1 : 0;
+}
 
-// Size
+int BCGetMaxLenOfData(int type) {
+  Log("BCGetMaxLenOfData", type);
+  return ReadNumber(Environment("VX_STANDIN_MAXLEN"));
+}
+
+int BCGetCheckDigitsA(BCBarcode* b, char* buffer, int size) {
+  Log("BCGetCheckDigitsA", b, static_cast<void*>(buffer), size);
+  return b ? ReadNumber(Environment("VX_STANDIN_CHECKDIGITS")) : -1;
+}
 
 BCResult BCGetBarcodeSize(BCBarcode* b, const BCRect* rect, void* device, int unit, double* width,
                           double* height) {
-  const std::string_view size = Environment("VX_STANDIN_SIZE", "40x20");
-  *width = ReadDouble(Part(size, 'x', 0), 0);
-  *height = ReadDouble(Part(size, 'x', 1), 0);
+  *width = 40;
+  *height = 20;
   return Call("BCGetBarcodeSize", b, rect, device, unit);
 }
 
 BCResult BC_MultiBC_CalculateLayout(BCBarcode* b, void* device, const BCRect* rect,
                                     int32_t* neededWidth, int32_t* neededHeight) {
   const std::string_view size = Environment("VX_STANDIN_LAYOUT", "60000x30000");
-  *neededWidth = ReadNumber(Part(size, 'x', 0), 0);
-  *neededHeight = ReadNumber(Part(size, 'x', 1), 0);
+  *neededWidth = ReadNumber(Part(size, 'x', 0));
+  *neededHeight = ReadNumber(Part(size, 'x', 1));
   return Call("BC_MultiBC_CalculateLayout", b, device, rect);
-}
-
-// Output
-
-BCResult BCPostscriptToMemoryExt(BCBarcode* b, char* buffer, uint32_t* size, const BCRect* rect,
-                                 int overhead) {
-  return Output(Call("BCPostscriptToMemoryExt", b, size, rect, overhead), buffer, size);
-}
-
-BCResult BCPCLToMemoryExt(BCBarcode* b, char* buffer, uint32_t* size, const BCRect* rect,
-                          int relative) {
-  return Output(Call("BCPCLToMemoryExt", b, size, rect, relative), buffer, size);
-}
-
-BCResult BCPDFToMemory(BCBarcode* b, char* buffer, uint32_t* size, const BCRect* rect) {
-  return Output(Call("BCPDFToMemory", b, size, rect), buffer, size);
-}
-
-BCResult BCPDFFragmentToMemory(BCBarcode* b, char* buffer, uint32_t* size, const BCRect* rect) {
-  return Output(Call("BCPDFFragmentToMemory", b, size, rect), buffer, size);
-}
-
-BCResult BCBitmapToMemoryA(BCBarcode* b, char* buffer, const char* format, uint32_t* size,
-                           const BCRect* rect) {
-  return Output(Call("BCBitmapToMemoryA", b, format, size, rect), buffer, size);
 }
 
 }  // extern "C"
