@@ -68,8 +68,8 @@ TEST(Symbologies, RefuseMoreThanTheyHold) {
     int good, tooMany;
   } cases[] = {
       {3, '1', 90, 91},         {8, 'A', 85, 86},         {55, '1', 2700, 2711},
-      {55, '\xE9', 1100, 1112}, {58, '\xE9', 2953, 2954}, {71, '\xE9', 1555, 1557},
-      {92, '1', 3500, 3833},    {92, '\xE9', 1900, 2000},
+      {55, 'a', 1355, 1356},    {55, '\xE9', 1100, 1112}, {58, '\xE9', 2953, 2954},
+      {71, '\xE9', 1555, 1557}, {92, '1', 3500, 3833},    {92, '\xE9', 1900, 2000},
   };
   for (const auto& row : cases) {
     SCOPED_TRACE(testing::Message() << row.type << " " << row.character);
