@@ -387,4 +387,46 @@ TEST(Fonts, GoByTheirUsualNames) {
 }
 
 }  // namespace
+TEST(HumanReadableText, OfAnAddOnStandsAboveItsLowerBars) {
+  Symbol symbol = Ean13();
+  symbol.rows[0].runs.insert(symbol.rows[0].runs.end(), {8});
+  for (int i = 0; i < 20; ++i) symbol.rows[0].runs.push_back(1);
+  symbol.width = 123;
+  symbol.addOn = {103, 123};
+  symbol.texts.push_back({"12", 103, 123, SymbolText::Place::kAboveAddOn});
+  const Drawing drawing = LayOut(symbol, {}, RectangleOf(50, 25));
+  const double module = 50000.0 / (123 + 9);
+  const int top = drawing.box.top;
+  int addOnTop = 0;
+  for (const Rectangle& bar : drawing.rectangles) {
+    if (bar.left > (9 + 100) * module) {
+      addOnTop = bar.top;
+      EXPECT_LT(bar.top, top - 2500);
+    } else {
+      EXPECT_EQ(bar.top, top);
+    }
+  }
+  const TextRun& text = drawing.texts.back();
+  EXPECT_EQ(text.text, "12");
+  EXPECT_NEAR(text.anchor.y, addOnTop + 500, 1);
+  EXPECT_LE(text.anchor.y + .73 * text.size, top);
+}
+
+TEST(Hexagons, KeepMaxiCodesProportions) {
+  Symbol symbol;
+  symbol.type = 58;  // a type of the table; the geometry decides
+  symbol.geometry = Geometry::kHexagonal;
+  symbol.width = 30;
+  symbol.rows.assign(33, {.runs = {1, 28, 1}});
+  const Box size = MeasureSymbol(symbol, {}, RectangleOf(100, 28.87));
+  EXPECT_NEAR(size.width / size.height, 30 / (32 * .8660254 + 1.1547005), 1e-6);
+  const Drawing drawing = LayOut(symbol, {}, RectangleOf(26.4, 26.4));
+  ASSERT_EQ(drawing.polygons.size(), 66u);
+  ASSERT_EQ(drawing.rings.size(), 3u);
+  EXPECT_EQ(drawing.rings[0].outerRadius, 1180);
+  EXPECT_EQ(drawing.rings[2].innerRadius, 3200);
+  EXPECT_EQ(drawing.rings[0].centre.x, std::lround(14.5 * 880));
+  for (const Polygon& hexagon : drawing.polygons) ASSERT_EQ(hexagon.points.size(), 6u);
+}
+
 }  // namespace Library
