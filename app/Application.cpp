@@ -1,6 +1,7 @@
 #include "app/Application.h"
 
 #include "app/Run.h"
+#include "diag/Output.h"
 #include "filter/v1/Version1.h"
 #include "settings/ApplicationPath.h"
 #include "settings/GlobalSettings.h"
@@ -25,7 +26,7 @@ ResultCode CheckArguments(int argc, const char* const* argv) {
   trace.Trace(Diag::kDebug, "Command line arguments: ");
   for (int i = 0; i < argc; ++i) {
     trace.TracePart(Diag::kDebug, "argv[", i, "]: ");
-    trace.TraceCont(Diag::kDebug, argv[i]);
+    trace.TraceCont(Diag::kDebug, Diag::Foreign{argv[i]});
   }
   switch (argc) {
     case kArgumentsForStdin:
@@ -35,7 +36,7 @@ ResultCode CheckArguments(int argc, const char* const* argv) {
       g_settings.application.inputFileGiven = true;
       g_settings.application.inputFile = argv[kArgumentsForFile - 1];
       trace.TracePart(Diag::kDebug, "Input stream: ");
-      trace.TraceCont(Diag::kDebug, g_settings.application.inputFile);
+      trace.TraceCont(Diag::kDebug, Diag::Foreign{g_settings.application.inputFile});
       return Diag::kSuccess;
     default:
       trace.Trace(Diag::kError, "Expected parameters: job user title copies options [filename]");
@@ -49,7 +50,7 @@ void ShowVersion1Help() {
   const Settings::AppSettings& application = g_settings.application;
   if (!application.v1format || !application.barcodeHelpShown) return;
   const std::string help = Filter::Version1Help();
-  std::fwrite(help.data(), 1, help.size(), stdout);
+  Diag::PrintText(help);
 }
 
 // The exit status when there is nothing to go on with.

@@ -1,10 +1,13 @@
 // Building message texts from parts, independent of the locale.
 #pragma once
 
+#include "diag/Foreign.h"
+
 #include <charconv>
 #include <concepts>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 namespace Diag {
 
@@ -33,7 +36,14 @@ inline void AppendText(std::string& text, double part) {
 template <class... Parts>
 std::string Text(const Parts&... parts) {
   std::string text;
-  (AppendText(text, parts), ...);
+  std::size_t room = kLongestQuotation;  // of all foreign parts together
+  const auto append = [&](const auto& part) {
+    if constexpr (std::is_same_v<std::remove_cvref_t<decltype(part)>, Foreign>)
+      AppendForeign(text, part, room);
+    else
+      AppendText(text, part);
+  };
+  (append(parts), ...);
   return text;
 }
 

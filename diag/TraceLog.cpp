@@ -71,13 +71,13 @@ void TraceLog::closeSinks() {
   if (syslogOn) closelog();
 }
 
-void TraceLog::write(std::string_view message, Level level, bool lineEnd, bool prefix) {
+void TraceLog::write(std::string_view message, Level level, Form form) {
   const LevelRow& row = RowOf(level);
   std::string line(row.tag);
-  if (prefix) line.append(name).append(": ").append(row.word);
+  if (form.prefix) line.append(name).append(": ").append(row.word);
   line.append(static_cast<std::size_t>(std::max(indentWidth, 0) * indentDepth), ' ');
   line.append(message);
-  if (lineEnd) line += '\n';
+  if (form.lineEnd) line += '\n';
 
   const std::string_view untagged = std::string_view(line).substr(row.tag.size());
   if (stderrOn) WriteToStderr(line);
@@ -85,12 +85,14 @@ void TraceLog::write(std::string_view message, Level level, bool lineEnd, bool p
     std::fwrite(untagged.data(), 1, untagged.size(), errorFile.get());
     std::fflush(errorFile.get());
   }
-  if (collect && (level == kError || level == kWarning)) collectedText += untagged;
+  if (collect && form.collected && (level == kError || level == kWarning)) {
+    collectedText += untagged;
+  }
   if (syslogOn) {
     // Syslog supplies the identity and the line end itself.
-    const std::size_t nameLength = prefix ? name.size() + 2 : 0;
+    const std::size_t nameLength = form.prefix ? name.size() + 2 : 0;
     std::string text(untagged.substr(nameLength));
-    if (lineEnd) text.pop_back();
+    if (form.lineEnd) text.pop_back();
     syslog(row.priority, "%s", text.c_str());
   }
 }

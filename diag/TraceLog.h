@@ -31,27 +31,38 @@ class TraceLog {
   // True when a message of `level` would be written; ask before work that only a message needs.
   bool enabled(Level level) const { return !muted && level <= maxLevel; }
 
-  // The message is the concatenation of its parts (texts, characters, numbers); nothing is built
-  // for a disabled level.
+  // The message is the concatenation of its parts (texts, characters, numbers, Foreign{...} for
+  // what a print job or the command line brought); nothing is built for a disabled level.
   // A complete line: prefix and line end.
   template <class... Parts>
   void Trace(Level level, const Parts&... parts) {
-    if (enabled(level)) write(Text(parts...), level, true, true);
+    if (enabled(level))
+      write(Text(parts...), level, {.lineEnd = true, .prefix = true, .collected = true});
   }
   // The start of a line: prefix, no line end.
   template <class... Parts>
   void TracePart(Level level, const Parts&... parts) {
-    if (enabled(level)) write(Text(parts...), level, false, true);
+    if (enabled(level))
+      write(Text(parts...), level, {.lineEnd = false, .prefix = true, .collected = true});
   }
   // The rest of a line: line end, no prefix.
   template <class... Parts>
   void TraceCont(Level level, const Parts&... parts) {
-    if (enabled(level)) write(Text(parts...), level, true, false);
+    if (enabled(level))
+      write(Text(parts...), level, {.lineEnd = true, .prefix = false, .collected = true});
   }
   // Text exactly as given.
   template <class... Parts>
   void TraceRaw(Level level, const Parts&... parts) {
-    if (enabled(level)) write(Text(parts...), level, false, false);
+    if (enabled(level))
+      write(Text(parts...), level, {.lineEnd = false, .prefix = false, .collected = true});
+  }
+  // A complete line that says more than the documented ones. It is never collected: what is printed
+  // in place of a barcode is documented text.
+  template <class... Parts>
+  void Note(Level level, const Parts&... parts) {
+    if (enabled(level))
+      write(Text(parts...), level, {.lineEnd = true, .prefix = true, .collected = false});
   }
 
   void setSyslogOn(bool on) { syslogOn = on; }
@@ -76,7 +87,12 @@ class TraceLog {
   void closeSinks();
 
  private:
-  void write(std::string_view message, Level level, bool lineEnd, bool prefix);
+  struct Form {
+    bool lineEnd;
+    bool prefix;
+    bool collected;  // while collection is on
+  };
+  void write(std::string_view message, Level level, Form form);
   ResultCode openErrorFile();
 
   bool syslogOn = false;

@@ -216,11 +216,13 @@ void ReportMissingData() {
   trace.setMuted(muted);
 }
 
-void Trim(std::string& data) {
+void Trim(S& settings) {
+  std::string& data = settings.data;
   constexpr const char* kBlanks = " \t";
   data.erase(0, std::min(data.find_first_not_of(kBlanks), data.size()));
   data.erase(data.find_last_not_of(kBlanks) + 1);
-  g_settings.trace.Trace(Diag::kDebug, "Trimmed whitespaces. Barcode data = ", data);
+  g_settings.trace.Trace(Diag::kDebug,
+                         "Trimmed whitespaces. Barcode data = ", settings.quoted(data));
 }
 
 }  // namespace
@@ -240,13 +242,14 @@ ResultCode ApplyBarcodeData(S& settings, BCBarcode* handle, bool allowEmptyData)
     if (!allowEmptyData) ReportMissingData();
     return Diag::kNothingLeft;
   }
-  if (settings.trimwhitespaces == 1) Trim(settings.data);
+  if (settings.trimwhitespaces == 1) Trim(settings);
 
   constexpr std::size_t kLongest = std::numeric_limits<int>::max();
   const int length = static_cast<int>(std::min(settings.data.size(), kLongest));
   const ResultCode code = BCSetTextA(handle, settings.data.data(), length);
   if (code != Diag::kSuccess) {
-    ReportFailure(Diag::kError, handle, code, "Couldn't set barcode data to ", settings.data, '.');
+    ReportFailure(Diag::kError, handle, code, "Couldn't set barcode data to ",
+                  settings.quoted(settings.data), '.');
   }
   return code;
 }

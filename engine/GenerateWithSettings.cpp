@@ -19,7 +19,8 @@ void RemoveSapStars(BarcodeSettings& settings) {
   if (data.size() < 2 || !data.starts_with('*') || !data.ends_with('*')) return;
   g_settings.trace.Trace(Diag::kInformation, "Removing embracing '*' in Code39 data.");
   data = data.substr(1, data.size() - 2);
-  g_settings.trace.Trace(Diag::kDebug, "SAP and Code39: '*' filtered. Barcode data = ", data);
+  g_settings.trace.Trace(Diag::kDebug,
+                         "SAP and Code39: '*' filtered. Barcode data = ", settings.quoted(data));
 }
 
 // Collects error and warning lines for as long as it lives.

@@ -2,6 +2,7 @@
 
 #include "settings/ApplyOption.h"
 #include "settings/BarcodeKeywords.h"
+#include "settings/MoreHelp.h"
 
 namespace Settings {
 namespace {
@@ -13,7 +14,9 @@ constexpr Keyword kStreams[] = {{"PS", kStreamPostScript}, {"PCL", kStreamPcl}};
 constexpr Keyword kInserts[] = {{"BEFORELINE", kInsertBeforeLine},
                                 {"AFTERLINE", kInsertAfterLine},
                                 {"BEFORESTRING", kInsertBeforeString},
-                                {"AFTERSTRING", kInsertAfterString}};
+                                {"AFTERSTRING", kInsertAfterString},
+                                {"AUTO", kInsertAuto}};
+constexpr Keyword kAllowDeny[] = {{"ALLOW", 1}, {"DENY", 0}};
 constexpr Keyword kIgnoreMessage[] = {{"IGNORE", 1}, {"MESSAGE", 0}};
 constexpr Keyword kTraceLevels[] = {{"OFF", 0},
                                     {"VERBOSE", Diag::kDebug},
@@ -39,10 +42,10 @@ Diag::ResultCode SwitchStderrOff(A&, const Option<A>&, Given) {
   return Diag::kSuccess;
 }
 
-Diag::ResultCode SetTraceLevel(A&, const Option<A>& option, Given given) {
+Diag::ResultCode SetTraceLevel(A& settings, const Option<A>& option, Given given) {
   int level = 0;
   if (!ReadKeyword(given.value, option.keywords, level))
-    return RefuseValue(option.refusal, given.value);
+    return RefuseValue(settings, option.refusal, given.value);
   g_settings.trace.setMaxLevel(level);
   return Diag::kSuccess;
 }
@@ -55,6 +58,11 @@ Diag::ResultCode ShowBarcodeSettings(A& settings, const Option<A>&, Given) {
 
 Diag::ResultCode ShowUsage(A& settings, const Option<A>&, Given) {
   settings.printUsage();
+  return Diag::kHelpShown;
+}
+
+Diag::ResultCode ShowMoreHelp(A&, const Option<A>&, Given) {
+  PrintMoreHelp();
   return Diag::kHelpShown;
 }
 
@@ -94,10 +102,13 @@ constexpr Option<A> kOptions[] = {
     {"onnodata", "", kKeyword, &A::ignoreNoData,
      "On-No-Data-Action must be 'ignore' or 'message'.", {}, kIgnoreMessage},
     {"linebyline", "", kFlag, &A::lineByLine},
+    {"jobfiles", "", kKeyword, &A::jobFiles, "Job files must be set to 'allow' or 'deny'.", {},
+     kAllowDeny},
     {"barcodesettings", "s", kAction, &ShowBarcodeSettings},
     {"help", "?", kAction, &ShowUsage},
     {"shorthelp", "", kAction, &ShowUsage},
     {"version", "", kAction, &ShowVersion},
+    {"morehelp", "", kAction, &ShowMoreHelp},
 };
 // clang-format on
 

@@ -1,5 +1,6 @@
 #include "settings/AppSettings.h"
 
+#include "diag/Output.h"
 #include "engine/library/vextorin9.h"
 #include "parser/CommandLineParser.h"
 #include "parser/IniFileParser.h"
@@ -7,8 +8,6 @@
 #include "settings/ApplicationPath.h"
 #include "settings/ApplyOption.h"
 #include "settings/UsageText.h"
-
-#include <cstdio>
 
 namespace Settings {
 namespace {
@@ -43,13 +42,13 @@ std::string AppSettings::printSettings() const {
   line("Ignore Barcode Error Flag", ignoreBarcodeError);
   line("Ignore No Data Flag", ignoreNoData);
   line("ErrorFile", g_settings.trace.getErrorFileName());
-  line("IniFile", iniFile);
+  line("IniFile", Diag::Foreign{iniFile});
   line("Filter Line-by-Line Flag", lineByLine);
   return text;
 }
 
 void AppSettings::printUsage() const {
-  std::fwrite(kUsageText.data(), 1, kUsageText.size(), stdout);
+  Diag::PrintText(kUsageText);
 }
 
 Diag::ResultCode AppSettings::readOptions(Parser::ArgumentParser& parser) {

@@ -17,6 +17,7 @@ enum InsertMode : int {
   kInsertAfterLine = 2,
   kInsertBeforeString = 3,
   kInsertAfterString = 4,
+  kInsertAuto = 5,
 };
 
 class AppSettings : public Settings {
@@ -58,6 +59,7 @@ class AppSettings : public Settings {
   bool ignoreBarcodeError = false;
   bool ignoreNoData = false;
   bool lineByLine = false;
+  bool jobFiles = true;           // sequences may name files to read
   bool barcodeHelpShown = false;  // the help on barcode options was printed
   BarcodeSettings barcode;
 

@@ -8,7 +8,8 @@
 namespace Settings {
 
 // Writes the message of a refused value; kInvalidArgument.
-Diag::ResultCode RefuseValue(std::string_view refusal, std::string_view value);
+Diag::ResultCode RefuseValue(const Settings& record, std::string_view refusal,
+                             std::string_view value);
 
 template <class Record>
 void SetSwitch(Record& record, const Option<Record>& option, int value) {
@@ -78,7 +79,7 @@ Diag::ResultCode ApplyOption(Record& record, const Option<Record>& option, Given
   if (const auto* action = std::get_if<Action<Record>>(&option.field))
     return (*action)(record, option, given);
   return StoreValue(record, option, given.value) ? Diag::kSuccess
-                                                 : RefuseValue(option.refusal, given.value);
+                                                 : RefuseValue(record, option.refusal, given.value);
 }
 
 // Takes the value, if the option has one, from the source that delivered `name`, and applies it.

@@ -31,7 +31,7 @@ Diag::ResultCode SetImageFormat(B& settings, const Option<B>&, Given given) {
 // There is one default set, number 1; 0 is none. Text without digits reads as 0.
 Diag::ResultCode ChooseDefaultSet(B& settings, const Option<B>& option, Given given) {
   const int number = TextToInteger(given.value);
-  if (!option.range.holds(number)) return RefuseValue(option.refusal, given.value);
+  if (!option.range.holds(number)) return RefuseValue(settings, option.refusal, given.value);
   settings.defaultset = number == 1;
   return Diag::kSuccess;
 }
@@ -42,7 +42,7 @@ Diag::ResultCode PlaceText(B& settings, const Option<B>& option, Given given) {
   if (given.name == "t" && ToUpper(word) == "H")
     settings.text = kTextHide;
   else if (!ReadKeyword(word, option.keywords, settings.text))
-    return RefuseValue(option.refusal, given.value);
+    return RefuseValue(settings, option.refusal, given.value);
   return Diag::kSuccess;
 }
 

@@ -1,15 +1,14 @@
 #include "settings/BarcodeSettings.h"
 
+#include "diag/Output.h"
 #include "settings/ApplyOption.h"
 #include "settings/BarcodeOptions.h"
 #include "settings/HelpText.h"
 
-#include <cstdio>
-
 namespace Settings {
 
 void BarcodeSettings::printUsage() const {
-  std::fwrite(kHelpText.data(), 1, kHelpText.size(), stdout);
+  Diag::PrintText(kHelpText);
 }
 
 Diag::ResultCode BarcodeSettings::readOptions(Parser::ArgumentParser& parser) {

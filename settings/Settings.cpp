@@ -6,11 +6,11 @@
 namespace Settings {
 
 void Settings::reportMissingArgument(std::string_view name) const {
-  g_settings.trace.Trace(Diag::kError, "Option '", name, "' requires an argument.");
+  g_settings.trace.Trace(Diag::kError, "Option '", quoted(name), "' requires an argument.");
 }
 
 void Settings::reportUnrecognizedOption(std::string_view name) const {
-  g_settings.trace.Trace(Diag::kError, "Unrecognized option ", name);
+  g_settings.trace.Trace(Diag::kError, "Unrecognized option ", quoted(name));
 }
 
 Diag::ResultCode Settings::applyEach(Parser::ArgumentParser& parser, const Apply& apply) const {
@@ -22,9 +22,10 @@ Diag::ResultCode Settings::applyEach(Parser::ArgumentParser& parser, const Apply
   return Diag::kInvalidArgument;
 }
 
-Diag::ResultCode RefuseValue(std::string_view refusal, std::string_view value) {
+Diag::ResultCode RefuseValue(const Settings& record, std::string_view refusal,
+                             std::string_view value) {
   const bool naming = refusal.ends_with(": ");
-  g_settings.trace.Trace(Diag::kError, refusal, naming ? value : std::string_view());
+  g_settings.trace.Trace(Diag::kError, refusal, record.quoted(naming ? value : ""));
   return Diag::kInvalidArgument;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "diag/ResultCode.h"
+#include "diag/Text.h"
 #include "parser/ArgumentParser.h"
 
 #include <functional>
@@ -26,6 +27,13 @@ class Settings {
   // unknown option or a rejected value (the message has been written), kNothingLeft for a missing
   // argument, kHelpShown after a help or version text. Options applied before stay applied.
   virtual Diag::ResultCode readOptions(Parser::ArgumentParser& parser) = 0;
+
+  // The options come from a print job, whose author may do less than the configuration's: messages
+  // quote their text as foreign, and the files they name have to be ordinary ones.
+  bool fromJob = false;
+
+  // A name or value of these settings, as messages quote it.
+  Diag::Foreign quoted(std::string_view text) const { return {text, fromJob}; }
 
  protected:
   Settings() = default;

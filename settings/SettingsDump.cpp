@@ -171,6 +171,9 @@ struct LineText {
   std::string_view label;
 
   std::string operator()(std::monostate) const { return Diag::Text(label, '\n'); }
+  std::string operator()(std::string B::*field) const {
+    return Diag::Text("  ", label, " = ", settings.quoted(settings.*field), '\n');
+  }
   template <class Value>
   std::string operator()(Value B::*field) const {
     return Diag::Text("  ", label, " = ", settings.*field, '\n');

@@ -1,8 +1,7 @@
+#include "diag/Output.h"
 #include "diag/Text.h"
 #include "engine/library/vextorin9.h"
 #include "settings/AppSettings.h"
-
-#include <cstdio>
 
 namespace Settings {
 namespace {
@@ -25,7 +24,7 @@ void AppSettings::printVersion() const {
       Diag::Text("Vextorin Version " VEXTORIN_VERSION ", Rev. ", VEXTORIN_REVISION,
                  ", Build date " VEXTORIN_BUILD_DATE "\nVextorin Library Version ",
                  LibraryVersion(), "\nCompilation options: --enable-libvextorin \n\n");
-  std::fwrite(text.data(), 1, text.size(), stdout);
+  Diag::PrintText(text);
 }
 
 }  // namespace Settings

@@ -70,7 +70,7 @@ TEST(EveryOptionExample, SetsEachOptionOnce) {
   }
   ExpectAllSet(Settings::AppOptions(), names,
                {"filter", "output", "inifile", "errorfile", "syslog", "nostderr", "help",
-                "shorthelp", "version", "barcodesettings"});
+                "shorthelp", "version", "morehelp", "barcodesettings"});
   ExpectAllSet(Settings::BarcodeOptions(), names,
                {"datafile", "bcfile", "dravlindefaults", "PDFauto"});
 }

@@ -76,7 +76,7 @@ inline std::vector<Expectation<Settings::AppSettings>> ExpectedAppOptions() {
       {"escapeend", &A::escapeEnd, "", kText},
       {"insert", &A::insertMode,
        "Insert mode must be 'beforeline', 'afterline', 'beforestring' or 'afterstring'.",
-       Words("beforeline>1|AFTERLINE>2|BeforeString>3|afterstring>4")},
+       Words("beforeline>1|AFTERLINE>2|BeforeString>3|afterstring>4|Auto>5")},
       {"insertpattern", &A::insertPattern, "", kText},
       {"pclreset", &A::pclReset, "", kFlag},
       {"SAP S", &A::sap, "", kFlag},
@@ -87,6 +87,8 @@ inline std::vector<Expectation<Settings::AppSettings>> ExpectedAppOptions() {
       {"onnodata", &A::ignoreNoData, "On-No-Data-Action must be 'ignore' or 'message'.",
        Words("IGNORE>1|message>0")},
       {"linebyline", &A::lineByLine, "", kFlag},
+      {"jobfiles", &A::jobFiles, "Job files must be set to 'allow' or 'deny'.",
+       Words("deny>0|ALLOW>1")},
   };
 }
 

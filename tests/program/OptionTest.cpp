@@ -94,7 +94,7 @@ TEST(EveryOption, StoresGoodValuesAndRefusesOthersByEachName) {
   CheckTable(Settings::BarcodeOptions(), ExpectedBarcodeOptions(), {"datafile", "bcfile"});
   CheckTable(Settings::AppOptions(), ExpectedAppOptions(),
              {"errorfile", "syslog", "nostderr", "trace", "barcodesettings s", "help ?",
-              "shorthelp", "version"});
+              "shorthelp", "version", "morehelp"});
 }
 
 TEST_F(Options, AreMatchedWholeAndWithCase) {
