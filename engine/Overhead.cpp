@@ -63,6 +63,7 @@ int Decipoints(double millimetres) {
 
 std::string_view Placement(const BarcodeSettings& settings) {
   if (settings.pos == 0) return kAbsolute;
+  if (settings.drawnAtText) return kPlacementAtText;
   return settings.initgraphics == 1 ? kAtCurrentPointReset : kAtCurrentPoint;
 }
 

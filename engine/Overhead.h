@@ -5,8 +5,15 @@
 #include "settings/BarcodeSettings.h"
 
 #include <string>
+#include <string_view>
 
 namespace Engine {
+
+// Goes to the place that the filter's code around a shown text has found, in a graphics state of its
+// own.
+inline constexpr std::string_view kPlacementAtText =
+    "% go to the place of the text\n"
+    "vextorin begin l end\n";
 
 // Wraps `output`, in place. An embedded PostScript barcode gets a graphics state of its own, at the
 // current point or at an absolute place; a PCL barcode that stands alone gets a job frame, and one

@@ -4,9 +4,28 @@
 #include "settings/Values.h"
 
 #include <utility>
+#include <vector>
 
 namespace Filter {
 namespace {
+
+// For every "(" of a text the length of the string that it begins; 0 for one that nothing closes.
+// One pass for all of them, since a text may hold nothing but parentheses.
+std::vector<std::size_t> LiteralLengths(std::string_view text) {
+  std::vector<std::size_t> lengths(text.size());
+  std::vector<std::size_t> open;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    if (text[at] == '\\')
+      ++at;
+    else if (text[at] == '(')
+      open.push_back(at);
+    else if (text[at] == ')' && !open.empty()) {
+      lengths[open.back()] = at + 1 - open.back();
+      open.pop_back();
+    }
+  }
+  return lengths;
+}
 
 struct Piece {
   std::size_t size;
@@ -15,12 +34,13 @@ struct Piece {
 
 // What stands at the front of a text that begins with a double quote or a string's opener. A
 // quoted value is one piece, to its closing quote or the end; so is "<<".
-Piece NextPiece(std::string_view text) {
+Piece NextPiece(std::string_view text, std::size_t literalLength) {
   if (text.front() == '"') return {std::min(text.find('"', 1), text.size() - 1) + 1, false};
   if (text.starts_with("<<")) return {2, false};
-  StringScanner scanner(false);
+  if (text.front() == '(') return {std::max<std::size_t>(literalLength, 1), literalLength > 0};
+  StringScanner scanner;
   const std::size_t size = scanner.scan(text);
-  return size == std::string_view::npos ? Piece{1, false} : Piece{size, true};
+  return size >= StringScanner::kNoString ? Piece{1, false} : Piece{size, true};
 }
 
 std::string Quoted(std::string value) {
@@ -46,15 +66,16 @@ void JoinOptionName(std::string& text) {
 }  // namespace
 
 void decodeArguments(std::string& text, Diag::TraceLog& log) {
-  static const ByteSet kStops("(<\"");
+  constexpr std::string_view kStops = "(<\"";
   const std::string before = std::exchange(text, {});
+  const std::vector<std::size_t> lengths = LiteralLengths(before);
   std::string_view rest = before;
   while (!rest.empty()) {
-    const std::size_t plain = kStops.find(rest);
+    const std::size_t plain = std::min(rest.find_first_of(kStops), rest.size());
     text += rest.substr(0, plain);
     rest.remove_prefix(plain);
     if (rest.empty()) return;
-    const auto [size, isString] = NextPiece(rest);
+    const auto [size, isString] = NextPiece(rest, lengths[before.size() - rest.size()]);
     const std::string_view token = rest.substr(0, size);
     rest.remove_prefix(size);
     if (!isString) {

@@ -1,121 +1,221 @@
 #include "filter/Filter.h"
 
 #include "engine/PclCodes.h"
-#include "filter/OrvellaParameters.h"
+#include "filter/Language.h"
 #include "settings/GlobalSettings.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace Filter {
 
 Filter::Filter()
-    : application(g_settings.application),
-      log(g_settings.trace),
-      insertArmed(application.insertPattern.empty()),
-      simpleStringStops("()\\\n") {
-  if (!application.escapeBegin.empty()) simpleStringStops.add(application.escapeBegin.front());
-}
+    : job(g_settings.application, g_settings.trace),
+      maker(job),
+      placement(job),
+      strings(job, maker, placement),
+      autoInsert(job, maker),
+      raw(job, maker, placement),
+      orvella(job) {}
 
 Diag::ResultCode Filter::run() {
-  if (application.inputFileGiven && !stream.open(application.inputFile)) {
-    log.Trace(Diag::kError, "Input file not found: ", application.inputFile);
+  const Settings::AppSettings& application = job.application;
+  if (application.inputFileGiven && !job.stream.open(application.inputFile)) {
+    job.log.Trace(Diag::kError, "Input file not found: ", Diag::Foreign{application.inputFile});
     return Diag::kInvalidArgument;
   }
-  stream.flush();
+  job.stream.flush();
   if (const ResultCode result = detectLanguage()) return result;
-  if (application.pclReset) stream.putString(Engine::kPclJobOpener);
-  filterJob();
-  if (!pendingBarcode.empty()) {
-    log.Trace(Diag::kWarning, "End of job reached before the insertion point of a barcode!");
-  }
-  stream.flush();
-  if (application.pclReset) {
-    stream.putString(Engine::kPclJobCloser);
-    stream.flush();
-  }
-  return firstResult;
-}
-
-void Filter::filterJob() {
-  while (true) {
-    const std::string_view window = stream.window();
-    if (window.empty()) return;
-    const std::size_t plain = interestingBytes().find(window);
-    stream.forward(plain);
-    if (plain < window.size()) keepFirst(dispatch());
-  }
-}
-
-// Handles what stands at the front of the stream. The order of the rules decides between them.
-Diag::ResultCode Filter::dispatch() {
-  const std::string_view next = stream.peek(2);
-  const char c = next.front();
-  const bool postScript = application.streamType == Settings::kStreamPostScript;
-  if (awaitsPattern() && c == application.insertPattern.front()) {
-    handleInsertPattern();
-  } else if (c == '@' && pjlActive) {
-    handlePjl();
-  } else if (c == '%' && postScript) {
-    copyComment();
-  } else if (next.starts_with("<<") && postScript) {
-    stream.forward(2);
-  } else if ((c == '(' || c == '<') && postScript) {
-    return handlePostScriptString();
-  } else if (application.escapeBegin.starts_with(c)) {
-    return handleEscapeSequence();
-  } else if (c == '\n') {
-    handleLineFeed();
-  } else if (c == kOrvellaControl && application.orvella) {
-    return handleOrvellaSequence();
+  const bool framed = application.pclReset && !isPdf;
+  if (framed) job.stream.putString(Engine::kPclJobOpener);
+  if (isPdf) {
+    copyWholeJob();
   } else {
-    stream.forward(1);
+    filterJob();
+    placement.finish();
+  }
+  if (framed) job.stream.putString(Engine::kPclJobCloser);
+  return finish();
+}
+
+Diag::ResultCode Filter::detectLanguage() {
+  Settings::AppSettings& application = job.application;
+  const std::string_view beginning = job.stream.peek(kDecidingBytes);
+  if (beginning.empty()) {
+    if (job.stream.readError() != 0) return finish();
+    job.log.Trace(Diag::kWarning, "Nothing to filter!");
+    return Diag::kNothingLeft;
+  }
+  const JobKind kind = KindOf(beginning);
+  isPdf = kind.pdf;
+  job.lineEnd = kind.lineEnd;
+  postScriptGiven = job.isPostScript();
+  if (application.streamType == Settings::kStreamNotSet) {
+    application.streamType = kind.postScript ? Settings::kStreamPostScript : Settings::kStreamPcl;
+  }
+  // PJL can switch a job that begins as PCL; PostScript has none in it until it ends.
+  pjlActive = application.streamType == Settings::kStreamPcl;
+  if (application.insertMode == Settings::kInsertNotSet) {
+    application.insertMode = Settings::kInsertBeforeString;
+  }
+  if (isPdf) job.log.Trace(Diag::kInformation, "The job is a PDF file and passes unchanged.");
+  return Diag::kSuccess;
+}
+
+// Each language is filtered up to the place where the other begins.
+void Filter::filterJob() {
+  while (job.isPostScript() ? filterPostScript() : filterPcl()) continue;
+}
+
+// False at the end of the job.
+bool Filter::filterPostScript() {
+  const Settings::AppSettings& application = job.application;
+  if (!postScript) {
+    postScript.emplace(job.stream,
+                       Marks{.begin = application.escapeBegin,
+                             .insertPattern = application.insertPattern,
+                             .lineEnd = job.lineEnd,
+                             .stringsEndWithLines = application.lineByLine,
+                             .splitBegins = application.insertMode == Settings::kInsertAuto,
+                             .languageMayEnd = !postScriptGiven,
+                             .orvella = application.orvella,
+                             .lineBegins = application.insertMode == Settings::kInsertBeforeLine});
+    postScript->onSequenceInStream([this](std::uint64_t place) {
+      job.log.Trace(Diag::kWarning,
+                    "A barcode escape sequence stands in a counted stream, which stays as it is.");
+      job.noteBarcodeMissing(place, "stands in a counted stream");
+      keepFirst(Diag::kUnclosedSequence);
+    });
+  }
+  while (job.isPostScript()) {
+    const PostScriptScanner::Found found =
+        postScript->next({.strings = placement.waitsForString(),
+                          .lineEnds = placement.waitsForLineEnd(),
+                          .pattern = placement.waitsForPattern(),
+                          .pjl = pjlActive});
+    if (found == PostScriptScanner::Found::kEnd) return false;
+    job.page = postScript->pages();
+    keepFirst(dispatch(found));
+  }
+  return true;
+}
+
+Diag::ResultCode Filter::dispatch(PostScriptScanner::Found found) {
+  using enum PostScriptScanner::Found;
+  switch (found) {
+    case kString:
+      return job.application.insertMode == Settings::kInsertAuto
+                 ? autoInsert.handlePostScriptString(postScript->stringSize(),
+                                                     postScript->producer())
+                 : strings.handlePostScriptString(postScript->stringSize(),
+                                                  postScript->lineBegin());
+    case kOtherString:
+      job.stream.forward(postScript->stringSize());
+      placement.stringWritten();
+      break;
+    case kBeginToken:
+      return raw.handleEscapeSequence(postScript->lineBegin());
+    case kPattern:
+      placement.handleInsertPattern(postScript->lineBegin());
+      break;
+    case kLineEnd:
+      handleLineEnd();
+      break;
+    case kControl:
+      return orvella.handleOrvellaSequence();
+    case kAtSign:
+      handlePjl();
+      break;
+    case kExit:
+      pjlActive = true;
+      job.stream.forward(Engine::kUniversalExit.size());
+      enterPersonality(Settings::kStreamPcl);
+      break;
+    case kEnd:
+      break;
   }
   return Diag::kSuccess;
 }
 
-// The bytes that dispatch has to see in the present state; all others are plain.
-const ByteSet& Filter::interestingBytes() {
-  const bool postScript = application.streamType == Settings::kStreamPostScript;
-  const bool pattern = awaitsPattern();
-  const bool lines =
-      application.insertMode == Settings::kInsertBeforeLine ||
-      (application.insertMode == Settings::kInsertAfterLine && !pendingBarcode.empty());
-  const unsigned state = 1U * postScript + 2U * pattern + 4U * lines + 8U * pjlActive;
-  if (state == interestingState) return interesting;
-  interestingState = state;
-  interesting = ByteSet();
-  if (postScript) interesting = ByteSet("%(<");
-  if (pattern) interesting.add(application.insertPattern.front());
-  if (lines) interesting.add('\n');
-  if (pjlActive) interesting.add('@');
-  if (!application.escapeBegin.empty()) interesting.add(application.escapeBegin.front());
-  if (application.orvella) interesting.add(kOrvellaControl);
-  return interesting;
-}
-
-void Filter::handleLineFeed() {
-  stream.forward(1);
-  if (application.insertMode == Settings::kInsertBeforeLine) stream.beginHold();
-  if (application.insertMode == Settings::kInsertAfterLine && insertArmed) writePending();
-}
-
-// Passes a PostScript comment up to its line feed; nothing inside is searched for sequences.
-void Filter::copyComment() {
-  while (true) {
-    const std::string_view window = stream.window();
-    const std::size_t lineFeed = std::min(window.find('\n'), window.size());
-    stream.forward(lineFeed);
-    if (window.empty() || lineFeed < window.size()) return;
+bool Filter::filterPcl() {
+  const Settings::AppSettings& application = job.application;
+  const bool beforeLine = application.insertMode == Settings::kInsertBeforeLine;
+  if (!pcl) {
+    pcl.emplace(job.stream, PclScanner::Marks{.begin = application.escapeBegin,
+                                              .insertPattern = application.insertPattern,
+                                              .lineEnd = job.lineEnd,
+                                              .orvella = application.orvella,
+                                              .pjl = pjlActive,
+                                              .lineBegins = beforeLine});
   }
+  while (!job.isPostScript()) {
+    const PclScanner::Found found = pcl->next(
+        {.lineEnds = placement.waitsForLineEnd(), .pattern = placement.waitsForPattern()});
+    if (found == PclScanner::Found::kEnd) return false;
+    job.page = pcl->pages() + 1;
+    keepFirst(dispatch(found));
+  }
+  return true;
+}
+
+Diag::ResultCode Filter::dispatch(PclScanner::Found found) {
+  using enum PclScanner::Found;
+  switch (found) {
+    case kBeginToken:
+      return raw.handleEscapeSequence(pcl->lineBegin());
+    case kPattern:
+      placement.handleInsertPattern(pcl->lineBegin());
+      break;
+    case kLineEnd:
+      handleLineEnd();
+      break;
+    case kControl:
+      return orvella.handleOrvellaSequence();
+    case kAtSign:
+      handlePjl();
+      break;
+    case kEnd:
+      break;
+  }
+  return Diag::kSuccess;
+}
+
+void Filter::handleLineEnd() {
+  job.stream.forward(1);
+  placement.lineEnded();
+}
+
+void Filter::handlePjl() {
+  if (const auto type = PassPjl(job.stream)) enterPersonality(*type);
+}
+
+void Filter::enterPersonality(Settings::StreamType type) {
+  job.log.Trace(Diag::kInformation, "Entering personality ",
+                type == Settings::kStreamPcl ? "PCL" : "PostScript", ".");
+  job.application.streamType = type;
+}
+
+void Filter::copyWholeJob() {
+  while (!job.stream.window().empty()) job.stream.forward(job.stream.window().size());
+}
+
+// Writes what waits, and says what could not be read or written.
+Diag::ResultCode Filter::finish() {
+  job.stream.flush();
+  if (const int error = job.stream.readError()) {
+    job.log.Trace(Diag::kError, "Couldn't read the print job: ", std::strerror(error));
+    return Diag::kJobStreamFailed;
+  }
+  if (const int error = job.stream.writeError()) {
+    job.log.Trace(Diag::kError, "Couldn't write the print job: ", std::strerror(error));
+    return Diag::kJobStreamFailed;
+  }
+  return firstResult;
 }
 
 // The run returns the first failure and goes on filtering.
 void Filter::keepFirst(ResultCode result) {
   if (firstResult == Diag::kSuccess) firstResult = result;
-}
-
-bool Filter::lookingAt(std::string_view text) {
-  return stream.peek(text.size()).starts_with(text);
 }
 
 }  // namespace Filter

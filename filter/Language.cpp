@@ -1,85 +1,92 @@
-// Which printer language a job is in: from its first line, and from PJL commands on its way.
+#include "filter/Language.h"
+
 #include "engine/PclCodes.h"
-#include "filter/Filter.h"
 #include "settings/Values.h"
 
 #include <algorithm>
+#include <string>
 
 namespace Filter {
 namespace {
 
-// Only this much of the first line decides.
-constexpr std::size_t kLongestFirstLine = 4095;
-constexpr std::string_view kPostScriptHeader = "%!PS";
+constexpr std::size_t kNone = std::string_view::npos;
 constexpr std::string_view kWhitespace = "\t\n\f\r ";
+// A PDF reader looks for the header in so many bytes (ISO 32000-1, annex H).
+constexpr std::size_t kPdfHeaderBytes = 1024;
 
 bool EqualsIgnoringCase(std::string_view text, std::string_view upperCaseWord) {
   std::string upper(text.substr(0, upperCaseWord.size()));
   return Settings::ToUpper(upper) == upperCaseWord;
 }
 
-bool BeginsPcl(std::string_view line) {
-  return line.find(Engine::kUniversalExit) != std::string_view::npos ||
-         line.find(kPostScriptHeader) == std::string_view::npos;
+// What may stand in front of a PostScript header: blank lines, form feed, end of transmission.
+std::string_view WithoutLeadingBlanks(std::string_view text) {
+  text.remove_prefix(std::min(text.find_first_not_of(" \t\r\n\f\x04"), text.size()));
+  return text;
+}
+
+char LineEndOf(std::string_view beginning) {
+  const std::size_t first = beginning.find_first_of("\r\n");
+  const bool returnsOnly =
+      first != kNone && first + 1 < beginning.size() && beginning.find('\n', first) == kNone;
+  return returnsOnly ? '\r' : '\n';
+}
+
+void SkipWhitespace(Stream& stream) {
+  while (true) {
+    const std::string_view window = stream.window();
+    const std::size_t end = std::min(window.find_first_not_of(kWhitespace), window.size());
+    const bool more = end == window.size() && !window.empty();
+    stream.forward(end);
+    if (!more) return;
+  }
+}
+
+// Writes the word and the white space behind it if it comes next.
+bool PassWord(Stream& stream, std::string_view word) {
+  if (!EqualsIgnoringCase(stream.peek(word.size()), word)) return false;
+  stream.forward(word.size());
+  SkipWhitespace(stream);
+  return true;
 }
 
 }  // namespace
 
-Diag::ResultCode Filter::detectLanguage() {
-  std::string_view line = stream.peek(kLongestFirstLine).substr(0, kLongestFirstLine);
-  line = line.substr(0, line.find('\n'));
-  if (stream.window().empty()) {
-    log.Trace(Diag::kWarning, "Nothing to filter!");
-    return Diag::kNothingLeft;
-  }
-  if (application.streamType == Settings::kStreamNotSet) {
-    application.streamType = BeginsPcl(line) ? Settings::kStreamPcl : Settings::kStreamPostScript;
-  }
-  // PJL can switch a job that begins as PCL; a job that begins as PostScript has no PJL in it.
-  pjlActive = application.streamType == Settings::kStreamPcl;
-  if (application.insertMode == Settings::kInsertNotSet) {
-    application.insertMode = Settings::kInsertBeforeString;
-  }
-  return Diag::kSuccess;
+JobKind KindOf(std::string_view beginning) {
+  beginning = beginning.substr(0, kDecidingBytes);
+  JobKind kind;
+  kind.lineEnd = LineEndOf(beginning);
+  const std::string_view text = WithoutLeadingBlanks(beginning);
+  const std::string_view line = text.substr(0, text.find_first_of("\r\n"));
+  const bool header = text.starts_with("%!");
+  kind.pdf = !header && !text.starts_with("\033E") &&
+             beginning.substr(0, kPdfHeaderBytes).find("%PDF-") != kNone;
+  kind.postScript =
+      line.find(Engine::kUniversalExit) == kNone && (header || line.find("%!PS") != kNone);
+  return kind;
 }
 
-// A PJL command `@PJL ENTER LANGUAGE = <value>` switches the printer language for the rest of the
-// job. Words may be in any letter case with any white space between them; all of it is written.
-void Filter::handlePjl() {
+bool EndsLanguage(std::string_view text) {
+  if (!text.starts_with(Engine::kUniversalExit)) return false;
+  text.remove_prefix(Engine::kUniversalExit.size());
+  if (text.starts_with("\033E")) return true;
+  text.remove_prefix(std::min(text.find_first_not_of("\r\n"), text.size()));
+  return EqualsIgnoringCase(text, "@PJL");
+}
+
+std::optional<Settings::StreamType> PassPjl(Stream& stream) {
   constexpr std::size_t kLongestValue = 10;
   if (!EqualsIgnoringCase(stream.peek(4), "@PJL")) {
     stream.forward(1);
-    return;
+    return std::nullopt;
   }
-  if (!passWord("@PJL") || !passWord("ENTER") || !passWord("LANGUAGE") || !passWord("=")) return;
+  for (const std::string_view word : {"@PJL", "ENTER", "LANGUAGE", "="}) {
+    if (!PassWord(stream, word)) return std::nullopt;
+  }
   const std::string_view value = stream.peek(kLongestValue);
-  if (EqualsIgnoringCase(value, "PCL")) {
-    enterPersonality(Settings::kStreamPcl, "PCL");
-  } else if (EqualsIgnoringCase(value, "POSTSCRIPT")) {
-    enterPersonality(Settings::kStreamPostScript, "PostScript");
-  }
-}
-
-void Filter::enterPersonality(Settings::StreamType type, std::string_view name) {
-  log.Trace(Diag::kInformation, "Entering personality ", name, ".");
-  application.streamType = type;
-}
-
-// Writes the word and the white space behind it if it comes next.
-bool Filter::passWord(std::string_view word) {
-  if (!EqualsIgnoringCase(stream.peek(word.size()), word)) return false;
-  stream.forward(word.size());
-  skipWhitespace();
-  return true;
-}
-
-void Filter::skipWhitespace() {
-  while (true) {
-    const std::string_view window = stream.window();
-    const std::size_t end = std::min(window.find_first_not_of(kWhitespace), window.size());
-    stream.forward(end);
-    if (window.empty() || end < window.size()) return;
-  }
+  if (EqualsIgnoringCase(value, "PCL")) return Settings::kStreamPcl;
+  if (EqualsIgnoringCase(value, "POSTSCRIPT")) return Settings::kStreamPostScript;
+  return std::nullopt;
 }
 
 }  // namespace Filter

@@ -10,6 +10,9 @@ namespace Filter {
 // an opening delimiter.
 inline constexpr std::size_t kLongestString = 1024 * 1024;
 
+// A longer comment is read as code from there on.
+inline constexpr std::size_t kLongestComment = 1024 * 1024;
+
 // From the begin token to the end token. A symbol holds some thousand bytes, and even as PostScript
 // that shows single characters their options stay far below.
 inline constexpr std::size_t kLongestSequence = 1024 * 1024;

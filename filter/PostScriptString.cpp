@@ -27,6 +27,7 @@ bool IsOctalDigit(char c) {
 std::size_t DecodeEscape(std::string_view text, std::size_t at, std::string& bytes) {
   const char c = text[at];
   if (c == '\n') return at + 1;  // a line continuation
+  if (c == '\r') return at + (text.substr(at).starts_with("\r\n") ? 2 : 1);
   if (IsOctalDigit(c)) {
     unsigned value = 0;
     const std::size_t end = std::min(at + 3, text.size());
@@ -44,6 +45,18 @@ std::size_t DecodeEscape(std::string_view text, std::size_t at, std::string& byt
   }
   bytes += c;
   return at + 1;
+}
+
+bool IsSpace(char c) {
+  return c == ' ' || (c >= '\t' && c <= '\r') || c == '\0';
+}
+
+bool IsHexadecimal(char c) {
+  return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F') || IsSpace(c);
+}
+
+bool IsAscii85(char c) {
+  return (c >= '!' && c <= 'u') || c == 'z' || IsSpace(c);
 }
 
 // True when the token's last byte is the ")" that closes it, not one behind a backslash.
@@ -112,12 +125,13 @@ std::size_t StringScanner::scan(std::string_view text) {
 }
 
 std::size_t StringScanner::scanLiteral(std::string_view text) {
-  static const ByteSet kStops("()\\");
-  static const ByteSet kLineStops("()\\\n");
-  const ByteSet& stops = lineByLine ? kLineStops : kStops;
+  const char stops[] = {'(', ')', '\\', lineEnd == '\0' ? '\\' : lineEnd};
   while (true) {
-    position += stops.find(text.substr(position));
-    if (position == text.size()) return kNone;
+    position = text.find_first_of({stops, sizeof stops}, position);
+    if (position == kNone) {
+      position = text.size();
+      return kNone;
+    }
     switch (text[position]) {
       case '\\':
         if (position + 1 == text.size()) return kNone;
@@ -129,7 +143,7 @@ std::size_t StringScanner::scanLiteral(std::string_view text) {
       case ')':
         if (--depth == 0) return position + 1;
         break;
-      default:  // line feed
+      default:  // the line's end
         return position + 1;
     }
     ++position;
@@ -137,14 +151,18 @@ std::size_t StringScanner::scanLiteral(std::string_view text) {
 }
 
 std::size_t StringScanner::scanHexadecimal(std::string_view text) {
-  const std::size_t end = text.find('>', position);
-  position = text.size();
-  return end == kNone ? kNone : end + 1;
+  position = std::max<std::size_t>(position, 1);
+  while (position < text.size() && IsHexadecimal(text[position])) ++position;
+  if (position == text.size()) return kNone;
+  return text[position] == '>' ? position + 1 : kNoString;
 }
 
 std::size_t StringScanner::scanAscii85(std::string_view text) {
-  position = std::min(text.find('~', std::max<std::size_t>(position, 2)), text.size());
-  return text.size() - position < 2 ? kNone : position + 2;
+  position = std::max<std::size_t>(position, 2);
+  while (position < text.size() && IsAscii85(text[position])) ++position;
+  if (text.size() - position < 2)
+    return position < text.size() && text[position] != '~' ? kNoString : kNone;
+  return text.substr(position).starts_with("~>") ? position + 2 : kNoString;
 }
 
 std::string decodeLiteral(std::string_view token) {
@@ -245,9 +263,10 @@ std::string EncodeLike(std::string_view token, std::string_view bytes) {
       break;
   }
   if (ClosesLiteral(token)) return encodeLiteral(bytes);
-  const bool lineEnd = token.ends_with('\n') && bytes.ends_with('\n');
+  const bool lineEnd = !bytes.empty() && token.ends_with(bytes.back()) &&
+                       (bytes.back() == '\n' || bytes.back() == '\r');
   std::string literal = encodeLiteral(bytes.substr(0, bytes.size() - lineEnd));
-  literal.back() = '\n';
+  literal.back() = bytes.empty() ? '\n' : bytes.back();
   if (!lineEnd) literal.pop_back();
   return literal;
 }

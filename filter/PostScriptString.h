@@ -3,8 +3,6 @@
 // apart from the stream.
 #pragma once
 
-#include "filter/ByteSet.h"
-
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -20,13 +18,16 @@ StringForm FormOf(std::string_view token);
 // Finds the end of the string token at the front of a text that may still grow. The scan goes on
 // where it stopped, so that a string that arrives in pieces is looked at once.
 //
-// "(" nests and ends at its ")", at a line feed when `lineByLine` is set; a backslash hides the
-// byte behind it. "<~" ends with the byte behind the next "~", "<" with ">".
+// "(" nests and ends at its ")", or with its line when `lineEnd` is given; a backslash hides the
+// byte behind it. "<~" ends with "~>" and "<" with ">", and they hold nothing but the characters of
+// their encoding and white space: what else looks like them is no string.
 class StringScanner {
  public:
-  explicit StringScanner(bool endsAtLineFeed) : lineByLine(endsAtLineFeed) {}
+  static constexpr std::size_t kNoString = std::string_view::npos - 1;
 
-  // The token's length, or std::string_view::npos when it does not end within `text`.
+  explicit StringScanner(char newLineEnd = '\0') : lineEnd(newLineEnd) {}
+
+  // The token's length, kNoString, or std::string_view::npos when it does not end within `text`.
   // REQUIRES: `text` begins with what the calls before it were given.
   std::size_t scan(std::string_view text);
 
@@ -35,7 +36,7 @@ class StringScanner {
   std::size_t scanHexadecimal(std::string_view text);
   std::size_t scanAscii85(std::string_view text);
 
-  bool lineByLine;
+  char lineEnd;
   std::size_t position = 0;  // what stands before is scanned
   std::size_t depth = 0;
 };

@@ -1,94 +1,93 @@
-// Escape sequences among plain bytes, and the pattern at which a waiting barcode is inserted.
+#include "filter/RawSequences.h"
+
 #include "filter/Arguments.h"
-#include "filter/Filter.h"
 #include "filter/Limits.h"
+#include "filter/PlacementCode.h"
 
 #include <algorithm>
 
 namespace Filter {
 
-Diag::ResultCode Filter::handleEscapeSequence() {
-  if (!lookingAt(application.escapeBegin)) {
-    stream.forward(1);
-    return Diag::kSuccess;
-  }
-  std::string sequence = application.escapeBegin;
-  stream.consume(sequence.size());
-  // The byte behind the begin token belongs neither to the options nor to the output.
-  const int separator = stream.get();
-  if (application.insertMode == Settings::kInsertBeforeString) stream.beginHold();
-  log.Trace(Diag::kDebug, "----------------------------------------------------");
-  log.Trace(Diag::kDebug, "New Bar Code");
-  log.Trace(Diag::kDebug, "----------------------------------------------------");
-  log.Trace(Diag::kDebug, "Barcode escape string (", application.escapeBegin, "...) found.");
+using Diag::Foreign;
+using Diag::ResultCode;
 
-  if (!readToEndToken(sequence)) {
-    if (separator != Stream::kEndOfInput) {
-      sequence.insert(application.escapeBegin.size(), 1, static_cast<char>(separator));
-    }
-    stream.putString(sequence);
-    return reportUnclosedSequence();
-  }
-  writeInPlaceOf(sequence);
-  const std::size_t tokens = application.escapeBegin.size() + application.escapeEnd.size();
-  const std::size_t options = sequence.size() - std::min(tokens, sequence.size());
-  sequence = sequence.substr(application.escapeBegin.size(), options);
-  if (application.streamType == Settings::kStreamPostScript) {
-    log.Trace(Diag::kDebug, "Barcode escape string before argument decoding: ", sequence);
-    decodeArguments(sequence, log);
-    log.Trace(Diag::kDebug, "Barcode escape string after argument decoding: ", sequence);
-  }
-  return insertBarcode(sequence, false);
-}
-
-// Appends bytes to `sequence` until it ends with the end token. False at the end of the job, or
-// when the sequence is longer than any real one.
-bool Filter::readToEndToken(std::string& sequence) {
-  while (!sequence.ends_with(application.escapeEnd)) {
-    const int byte = stream.get();
-    if (byte == Stream::kEndOfInput || sequence.size() >= kLongestSequence) {
-      stream.unget(byte);
-      return false;
-    }
-    sequence += static_cast<char>(byte);
-  }
-  return true;
-}
-
-// Blank mode keeps the layout of the line: a blank for each byte, tabs and line feeds as they are.
-// Remove mode writes nothing.
-void Filter::writeInPlaceOf(std::string_view sequence) {
-  if (application.barcode.remove != Settings::kBlankSequence) return;
+std::string InPlaceOf(std::string_view sequence, const Job& job) {
+  if (job.application.barcode.remove != Settings::kBlankSequence) return {};
   std::string blanks(sequence);
   for (char& byte : blanks) {
-    if (byte != '\t' && byte != '\n') byte = ' ';
+    if (byte != '\t' && byte != '\n' && byte != job.lineEnd) byte = ' ';
   }
-  stream.putString(blanks);
+  return blanks;
 }
 
-// Called with the pattern's first byte next while a barcode waits for the pattern.
-void Filter::handleInsertPattern() {
-  const std::string& pattern = application.insertPattern;
-  if (!lookingAt(pattern)) {
-    stream.forward(1);
-    return;
+ResultCode RawSequences::handleEscapeSequence(std::uint64_t lineBegin) {
+  const std::string& beginToken = job.application.escapeBegin;
+  const std::size_t size = sizeToEnd();
+  if (size == 0) return reportUnclosed();
+  const std::uint64_t place = job.stream.position();
+  std::string sequence(job.stream.peek(size).substr(0, size));
+  // The byte behind the begin token belongs neither to the options nor to the output.
+  sequence.erase(beginToken.size(), 1);
+  job.log.Trace(Diag::kDebug, "----------------------------------------------------");
+  job.log.Trace(Diag::kDebug, "New Bar Code");
+  job.log.Trace(Diag::kDebug, "----------------------------------------------------");
+  job.log.Trace(Diag::kDebug, "Barcode escape string (", beginToken, "...) found.");
+
+  const std::size_t options =
+      sequence.size() -
+      std::min(sequence.size(), beginToken.size() + job.application.escapeEnd.size());
+  std::string text = sequence.substr(beginToken.size(), options);
+  if (job.isPostScript()) {
+    job.log.Trace(Diag::kDebug, "Barcode escape string before argument decoding: ", Foreign{text});
+    decodeArguments(text, job.log);
+    job.log.Trace(Diag::kDebug, "Barcode escape string after argument decoding: ", Foreign{text});
   }
-  switch (application.insertMode) {
-    case Settings::kInsertBeforeLine:
-      stream.putBeforeHeld(pendingBarcode);
-      break;
-    case Settings::kInsertAfterString:
-      stream.forward(pattern.size());
-      stream.putString(pendingBarcode);
-      break;
-    case Settings::kInsertAfterLine:
-      insertArmed = true;  // written at the next line feed
-      return;
-    default:
-      stream.putString(pendingBarcode);
-      break;
+  const bool atText = job.isPostScript() && job.application.insertMode == Settings::kInsertAuto;
+  const ResultCode result =
+      atText ? maker.processForText(text, place) : maker.processSequence(text, place);
+  job.stream.consume(size);
+  if (!maker.insertsAfter(result)) text.clear();
+  if (atText && !text.empty()) text = BlockAtCurrentPoint({{text, 0}});
+  insert(text, sequence, lineBegin);
+  return result;
+}
+
+// Writes what the sequence amounts to and what stands in its place, in the order of the insert
+// mode.
+void RawSequences::insert(std::string& output, std::string_view sequence, std::uint64_t lineBegin) {
+  const std::string blanks = InPlaceOf(sequence, job);
+  const bool behind = job.application.insertMode == Settings::kInsertAfterString;
+  if (behind) job.stream.putString(blanks);
+  if (!output.empty()) placement.place(output, false, lineBegin);
+  if (!behind) job.stream.putString(blanks);
+}
+
+// The length of the sequence at the window's front; 0 when it has no end, or is longer than any.
+std::size_t RawSequences::sizeToEnd() {
+  const std::string& endToken = job.application.escapeEnd;
+  const std::uint64_t place = job.stream.position();
+  std::size_t from = job.application.escapeBegin.size();
+  // The test for the end is made behind the dropped byte.
+  const std::size_t dropped = from + 1;
+  if (endToken.empty()) return dropped;
+  from = std::max<std::size_t>(
+      dropped, noEndBefore > place ? static_cast<std::size_t>(noEndBefore - place) : 0);
+  while (from < kLongestSequence) {
+    const std::string_view window = job.stream.peek(from + 1);
+    const std::size_t end = window.find(endToken, from);
+    if (end != std::string_view::npos) return end + endToken.size();
+    from = std::max(from, window.size() - std::min(window.size(), endToken.size() - 1));
+    if (!job.stream.extend()) break;
   }
-  pendingBarcode.clear();
+  noEndBefore = place + from;
+  return 0;
+}
+
+ResultCode RawSequences::reportUnclosed() {
+  job.log.Trace(Diag::kWarning, "Begin of barcode escape sequence without valid end found!");
+  job.noteBarcodeMissing(job.stream.position(), "has no end");
+  job.stream.forward(std::min(job.application.escapeBegin.size(), job.stream.window().size()));
+  return Diag::kUnclosedSequence;
 }
 
 }  // namespace Filter

@@ -1,6 +1,7 @@
 #include "filter/Stream.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -13,27 +14,26 @@ namespace {
 
 // Reads and writes of this size keep up with cat; 4 KiB would cost a third.
 constexpr std::size_t kBlock = 128 * 1024;
-// Room in front of a freshly read block, so that the usual push-backs need no move.
-constexpr std::size_t kFrontRoom = 4 * 1024;
+// Pieces from this size on are written as they stand; copying smaller ones together costs less
+// than a call for each.
+constexpr std::size_t kWorthWriting = 16 * 1024;
 // A line or sequence that is longer is written although a barcode might still come before it: a
 // job without line ends must not end up in memory whole.
-constexpr std::size_t kLongestHold = 64 * 1024 * 1024;
+constexpr std::size_t kLongestHold = 1024 * 1024;
 
-// Writes everything, or gives up silently: errors of standard output are the spooler's to see.
-void WriteAll(const char* data, std::size_t size) {
-  while (size > 0) {
-    const ssize_t written = ::write(STDOUT_FILENO, data, size);
-    if (written < 0 && errno == EINTR) continue;
-    if (written <= 0) return;
-    data += written;
-    size -= static_cast<std::size_t>(written);
-  }
+// Whether the call is worth repeating: it was interrupted, or the other side isn't ready, for which
+// this waits.
+bool Again(int file, short events) {
+  if (errno == EINTR) return true;
+  if (errno != EAGAIN && errno != EWOULDBLOCK) return false;
+  pollfd waiting{file, events, 0};
+  return ::poll(&waiting, 1, -1) >= 0 || errno == EINTR;
 }
 
 }  // namespace
 
-Stream::Stream() : input(STDIN_FILENO), buffer(kFrontRoom + kBlock) {
-  cursor = limit = kFrontRoom;
+Stream::Stream() : input(STDIN_FILENO), buffer(kLookBack + kBlock) {
+  cursor = limit = historyBegin = kLookBack;
 }
 
 bool Stream::open(const std::string& path) {
@@ -52,7 +52,9 @@ void Stream::close() {
 
 int Stream::get() {
   if (cursor == limit && !extend()) return kEndOfInput;
-  return static_cast<unsigned char>(buffer[cursor++]);
+  const char byte = buffer[cursor];
+  consume(1);
+  return static_cast<unsigned char>(byte);
 }
 
 void Stream::unget(int byte) {
@@ -65,6 +67,7 @@ void Stream::ungetString(std::string_view bytes) {
   settlePassed();
   if (cursor < bytes.size()) makeRoomInFront(bytes.size());
   cursor -= bytes.size();
+  historyBegin = cursor;
   std::copy(bytes.begin(), bytes.end(), buffer.begin() + static_cast<std::ptrdiff_t>(cursor));
 }
 
@@ -79,10 +82,13 @@ bool Stream::extend() {
   ssize_t count;
   do {
     count = ::read(input, buffer.data() + limit, buffer.size() - limit);
-  } while (count < 0 && errno == EINTR);
+  } while (count < 0 && Again(input, POLLIN));
+  if (count < 0) failedRead = errno;
   ended = count <= 0;
-  if (!ended) limit += static_cast<std::size_t>(count);
-  return !ended;
+  if (ended) return false;
+  limit += static_cast<std::size_t>(count);
+  bytesRead += static_cast<std::size_t>(count);
+  return true;
 }
 
 void Stream::forward(std::size_t count) {
@@ -93,6 +99,18 @@ void Stream::forward(std::size_t count) {
   }
   cursor += count;
   passedEnd = cursor;
+}
+
+void Stream::consume(std::size_t count) {
+  assert(count <= limit - cursor);
+  cursor += count;
+}
+
+bool Stream::retract(std::size_t count) {
+  if (passedEnd != cursor || count > passedEnd - passedBegin || holding) return false;
+  cursor -= count;
+  passedEnd = cursor;
+  return true;
 }
 
 void Stream::beginHold() {
@@ -112,6 +130,18 @@ void Stream::putBeforeHeld(std::string_view bytes) {
   holding = false;
 }
 
+void Stream::holdFrom(std::uint64_t place) {
+  const std::uint64_t size = position() - place;
+  if (holding || place > position() || passedEnd != cursor || size > passedEnd - passedBegin)
+    return;
+  const std::string_view passed(buffer.data() + passedBegin, passedEnd - passedBegin);
+  const std::size_t before = passed.size() - static_cast<std::size_t>(size);
+  emitUnheld(passed.substr(0, before));
+  held = passed.substr(before);
+  holding = true;
+  passedBegin = passedEnd = 0;
+}
+
 void Stream::flush() {
   endHold();
   writeOutput();
@@ -120,29 +150,58 @@ void Stream::flush() {
 // Moves the unread bytes so that `count` bytes fit in front of them.
 void Stream::makeRoomInFront(std::size_t count) {
   const std::size_t unread = limit - cursor;
-  const std::size_t front = kFrontRoom + count;
+  const std::size_t front = kLookBack + count;
   if (buffer.size() < front + unread) buffer.resize(front + unread + kBlock);
   std::memmove(buffer.data() + front, buffer.data() + cursor, unread);
   cursor = front;
   limit = front + unread;
 }
 
-// Makes room for a read of a useful size behind the window. The buffer doubles while the window
-// fills half of it, so that a long string costs linear time even if it arrives in small pieces.
-void Stream::makeRoomBehind() {
-  if (buffer.size() - limit >= kBlock / 2) return;
-  settlePassed();
-  const std::size_t unread = limit - cursor;
-  if (unread > buffer.size() / 2) buffer.resize(buffer.size() * 2);
-  std::memmove(buffer.data() + kFrontRoom, buffer.data() + cursor, unread);
-  cursor = kFrontRoom;
-  limit = kFrontRoom + unread;
+// How much of what stands in front of the window stays in the buffer.
+std::size_t Stream::bytesToKeep() const {
+  const std::size_t lookBack = std::min(cursor - historyBegin, kLookBack);
+  if (passedEnd != cursor || keptPlace > position()) return lookBack;
+  const std::uint64_t wanted = position() - keptPlace;
+  if (wanted > passedEnd - passedBegin || wanted > kLongestHold) return lookBack;
+  return std::max(lookBack, static_cast<std::size_t>(wanted));
 }
 
-void Stream::settlePassed() {
-  if (passedBegin == passedEnd) return;
-  const std::string_view passed(buffer.data() + passedBegin, passedEnd - passedBegin);
-  passedBegin = passedEnd = 0;
+// Makes room for a read of a useful size behind the window. The buffer doubles while what is kept
+// fills half of it, so that a long string costs linear time even if it arrives in small pieces.
+void Stream::makeRoomBehind() {
+#ifdef NDEBUG
+  if (buffer.size() - limit >= kBlock / 2) return;
+#endif
+  const std::size_t keep = bytesToKeep();
+  settlePassed(passedEnd == cursor ? keep : 0);
+  const std::size_t kept = keep + limit - cursor;
+  std::size_t size = buffer.size();
+  while (kept > size / 2) size *= 2;
+  const auto from = static_cast<std::ptrdiff_t>(cursor - keep);
+#ifdef NDEBUG
+  if (size > buffer.size()) buffer.resize(size);
+  std::memmove(buffer.data(), buffer.data() + from, kept);
+#else
+  std::vector<char> moved(size);
+  std::copy_n(buffer.begin() + from, kept, moved.begin());
+  buffer = std::move(moved);
+#endif
+  if (passedBegin != passedEnd) {
+    passedBegin -= cursor - keep;
+    passedEnd = keep;
+  }
+  historyBegin = 0;
+  cursor = keep;
+  limit = kept;
+}
+
+// Writes what was passed, but for its last `keep` bytes.
+void Stream::settlePassed(std::size_t keep) {
+  const std::size_t size = passedEnd - passedBegin;
+  if (size <= keep) return;
+  const std::string_view passed(buffer.data() + passedBegin, size - keep);
+  passedBegin += passed.size();
+  if (keep == 0) passedBegin = passedEnd = 0;
   emit(passed);
 }
 
@@ -155,21 +214,29 @@ void Stream::emit(std::string_view bytes) {
 }
 
 void Stream::emitUnheld(std::string_view bytes) {
-  if (output.size() + bytes.size() < kBlock) {
-    output += bytes;
-    return;
-  }
-  writeOutput();
-  if (bytes.size() >= kBlock / 2) {
-    WriteAll(bytes.data(), bytes.size());
+  if (bytes.size() >= kWorthWriting || output.size() + bytes.size() > kBlock) writeOutput();
+  if (bytes.size() >= kWorthWriting) {
+    writeAll(bytes);
   } else {
     output += bytes;
   }
 }
 
 void Stream::writeOutput() {
-  WriteAll(output.data(), output.size());
+  writeAll(output);
   output.clear();
+}
+
+void Stream::writeAll(std::string_view bytes) {
+  while (!bytes.empty() && failedWrite == 0) {
+    const ssize_t written = ::write(STDOUT_FILENO, bytes.data(), bytes.size());
+    if (written >= 0) {
+      bytes.remove_prefix(static_cast<std::size_t>(written));
+    } else if (!Again(STDOUT_FILENO, POLLOUT)) {
+      failedWrite = errno;
+      ended = true;
+    }
+  }
 }
 
 }  // namespace Filter

@@ -1,187 +1,183 @@
-// Escape sequences in PostScript strings. A sequence may be split over several strings, with
-// operators, comments and line ends between them.
-//
-// A string without a begin token, nearly every one, is neither copied nor changed. A sequence is
-// touched only once its end is known to be there: a begin token without an end leaves the job as
-// it came.
-#include "diag/Assert.h"
-#include "filter/Filter.h"
+#include "filter/StringSequences.h"
+
 #include "filter/Limits.h"
 #include "filter/PostScriptString.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace Filter {
+
+using Diag::Foreign;
+using Diag::ResultCode;
+
 namespace {
 
 constexpr std::size_t kNone = std::string_view::npos;
 
-// Whether the bytes that the token stands for hold `text`. Most tokens show at a glance that they
-// don't.
-bool Holds(std::string_view token, std::string_view text) {
-  const bool plain =
-      FormOf(token) == StringForm::kLiteral && token.find('\\') == std::string_view::npos;
-  if (plain && token.find(text) == kNone) return false;
-  return DecodeString(token).find(text) != kNone;
-}
-
 }  // namespace
 
-Diag::ResultCode Filter::handlePostScriptString() {
-  if (passSimpleString()) return Diag::kSuccess;
-  const std::string_view found = readPostScriptString(0);
-  if (found.empty() || !Holds(found, application.escapeBegin)) {
-    passStringWithoutSequence(found.empty() ? stream.window().size() : found.size());
-    return Diag::kSuccess;
-  }
-  const std::size_t size = found.size();
-  std::string token(found);
-  Progress progress;
-  decodeAndExtract(token, progress);
-  if (!progress.ended && !endFollows(size)) {
-    sequenceText.clear();
-    return reportUnclosedSequence();
-  }
-  if (application.insertMode == Settings::kInsertBeforeString && insertArmed) stream.beginHold();
-  stream.consume(size);
-  if (!progress.ended) {
-    stream.putString(token);
-    copyToEndString(token, progress);
-  }
-  // The main loop writes the last string, and finds a further sequence in it.
-  stream.ungetString(token);
-  std::string sequence = std::exchange(sequenceText, {});
-  return insertBarcode(sequence, true);
-}
-
-// Passes a literal string that lies in the window and holds no parenthesis, no escape and not even
-// the begin token's first byte: one search settles nearly every string of a job.
-bool Filter::passSimpleString() {
-  const std::string_view window = stream.window();
-  if (window.front() != '(') return false;
-  const std::size_t stop = 1 + simpleStringStops.find(window.substr(1));
-  if (stop == window.size() || window[stop] != ')') return false;
-  passStringWithoutSequence(stop + 1);
-  return true;
-}
-
-// The whole token at `offset` in the window, which is extended as far as that takes; the job's end
-// ends it. Empty when it is longer than any string.
-std::string_view Filter::readPostScriptString(std::size_t offset) {
-  const std::string_view opener = stream.peek(offset + 1).substr(offset);
-  Diag::AssertToLog(log, opener.starts_with('(') || opener.starts_with('<'), "Filter", 538,
-                    "Unknown begin of PostScript string!");
-  StringScanner scanner(application.lineByLine);
-  while (true) {
-    const std::string_view text = stream.window().substr(offset);
-    const std::size_t size = scanner.scan(text);
-    if (size != kNone) return text.substr(0, size);
-    if (text.size() > kLongestString) return {};
-    if (!stream.extend()) return text;
-  }
-}
-
-void Filter::passStringWithoutSequence(std::size_t size) {
-  stream.forward(size);
-  if (application.insertMode == Settings::kInsertAfterString && insertArmed) writePending();
-}
-
-// Takes the part of a sequence that one string holds out of it: appends the part to sequenceText
-// and blanks or removes it in `token`, which keeps its form.
-void Filter::decodeAndExtract(std::string& token, Progress& progress) {
-  std::string bytes = DecodeString(token);
-  const std::size_t begin = bytes.find(application.escapeBegin);
-  if (!progress.begun && begin == kNone) return;
-  log.Trace(Diag::kDebug, "Converted \"", token, "\" to \"", bytes, "\"");
-
-  const std::size_t from = progress.begun ? 0 : begin;
-  const std::size_t optionsFrom = progress.begun ? 0 : begin + application.escapeBegin.size();
-  const std::size_t end = bytes.find(application.escapeEnd, from);
-  const std::size_t optionsTo = std::min(end, bytes.size());
-  const std::size_t to =
-      end == kNone ? bytes.size() : std::min(end + application.escapeEnd.size(), bytes.size());
-  if (optionsTo > optionsFrom) {
-    sequenceText.append(bytes, optionsFrom, optionsTo - optionsFrom);
-  }
-  const bool blank = application.barcode.remove == Settings::kBlankSequence;
-  bytes.replace(from, to - from, blank ? to - from : 0, ' ');
-  token = EncodeLike(token, bytes);
-
-  if (begin != kNone) progress.begun = true;
-  if (end != kNone) progress.ended = true;
-  // A sequence that is broken over several strings reads as options with blanks between them.
-  if (!progress.ended) sequenceText += ' ';
-}
-
-// Whether one of the strings behind `offset` in the window holds the end token. When none does,
-// the bytes that are known to hold no end are written unchanged.
-bool Filter::endFollows(std::size_t offset) {
-  static const ByteSet kStops("%(<");
-  const std::size_t tokenSize = offset;
-  while (!endIsMissing && offset < kLongestSequence) {
-    const std::string_view window = stream.peek(offset + 2);
-    if (window.size() <= offset) {
-      endIsMissing = true;
+ResultCode StringSequences::handlePostScriptString(std::size_t size, std::uint64_t lineBegin) {
+  lineBeginPlace = lineBegin;
+  const std::string& beginToken = job.application.escapeBegin;
+  const std::string& endToken = job.application.escapeEnd;
+  ResultCode result = Diag::kSuccess;
+  std::uint64_t place = job.stream.position();
+  if (job.application.insertMode == Settings::kInsertBeforeLine) job.stream.holdFrom(lineBegin);
+  Opened string = open(size);
+  for (std::size_t begin; (begin = string.bytes.find(beginToken, string.from)) != kNone;) {
+    const std::size_t end = string.bytes.find(endToken, begin);
+    if (end != kNone) {
+      extract(string, begin, std::min(end + endToken.size(), string.bytes.size()));
+    } else if (endFollows(size)) {
+      if (job.application.insertMode == Settings::kInsertBeforeString) job.stream.beginHold();
+      extract(string, begin, kNone);
+      job.stream.consume(size);
+      job.stream.putString(closed(string));
+      copyToEndString(string);
+      size = 0;  // of what still stands in the stream
+    } else {
+      job.log.Trace(Diag::kWarning, "Begin of barcode escape sequence without valid end found!");
+      job.noteBarcodeMissing(place, "has no end");
+      if (result == Diag::kSuccess) result = Diag::kUnclosedSequence;
       break;
     }
-    const std::size_t stop = offset + kStops.find(window.substr(offset));
+    const ResultCode inserted = insertBarcode(place);
+    if (result == Diag::kSuccess) result = inserted;
+    place = job.stream.position();
+  }
+  job.stream.endHold();
+  if (size > 0 && !string.changed) {
+    job.stream.forward(size);
+  } else {
+    job.stream.consume(size);
+    job.stream.putString(closed(string));
+  }
+  placement.stringWritten();
+  return result;
+}
+
+StringSequences::Opened StringSequences::open(std::size_t size) {
+  Opened string;
+  string.token = job.stream.peek(size).substr(0, size);
+  string.bytes = DecodeString(string.token);
+  return string;
+}
+
+std::string StringSequences::closed(const Opened& string) const {
+  return string.changed ? EncodeLike(string.token, string.bytes) : string.token;
+}
+
+// Takes the bytes from the begin token up to `end`, kNone for the rest of the string, out of it:
+// their options go to sequenceText.
+void StringSequences::extract(Opened& string, std::size_t begin, std::size_t end) {
+  const std::string& beginToken = job.application.escapeBegin;
+  const std::string& endToken = job.application.escapeEnd;
+  const bool continues = !sequenceText.empty();
+  if (!string.changed) {
+    job.log.Trace(Diag::kDebug, "Converted \"", Foreign{string.token}, "\" to \"",
+                  Foreign{string.bytes}, "\"");
+  }
+  const std::size_t to = std::min(end, string.bytes.size());
+  const std::size_t optionsFrom = continues ? begin : begin + beginToken.size();
+  const std::size_t optionsTo = end == kNone ? to : to - endToken.size();
+  if (optionsTo > optionsFrom)
+    sequenceText.append(string.bytes, optionsFrom, optionsTo - optionsFrom);
+  // A sequence that is broken over several strings reads as options with blanks between them.
+  if (end == kNone) sequenceText += ' ';
+  const bool blank = job.application.barcode.remove == Settings::kBlankSequence;
+  string.bytes.replace(begin, to - begin, blank ? to - begin : 0, ' ');
+  string.from = blank ? to : begin;
+  string.changed = true;
+}
+
+ResultCode StringSequences::insertBarcode(std::uint64_t place) {
+  std::string output = std::exchange(sequenceText, {});
+  const ResultCode result = maker.processSequence(output, place);
+  if (maker.insertsAfter(result)) placement.place(output, true, lineBeginPlace);
+  return result;
+}
+
+// ---------------------------------------------------------------- sequences over several strings
+
+// The length of the string at an offset in the window; 0 for none.
+std::size_t StringSequences::stringSize(std::size_t offset) {
+  StringScanner scanner(job.application.lineByLine ? job.lineEnd : '\0');
+  while (true) {
+    const std::string_view string = job.stream.peek(offset + 2).substr(offset);
+    const std::size_t size = scanner.scan(string);
+    if (size == StringScanner::kNoString) return 0;
+    if (size != kNone) return size <= kLongestString ? size : 0;
+    if (string.size() > kLongestString) return 0;
+    if (!job.stream.extend()) return string.starts_with('(') ? string.size() : 0;
+  }
+}
+
+// The offset of the line end behind the comment at `offset`, at most the window's end.
+std::size_t StringSequences::commentEnd(std::size_t offset) {
+  while (true) {
+    const std::string_view window = job.stream.peek(offset + 1);
+    const std::size_t lineEnd = window.find_first_of("\r\n", offset);
+    if (lineEnd != kNone) return lineEnd;
+    offset = window.size();
+    if (offset > kLongestSequence || !job.stream.extend()) return offset;
+  }
+}
+
+// Whether one of the strings behind `offset` in the window holds the end token. All bytes up to it
+// are in the window then.
+bool StringSequences::endFollows(std::size_t offset) {
+  // A job full of begin tokens must not be searched once for each of them.
+  const std::uint64_t place = job.stream.position();
+  if (noEndBefore > place) offset = std::max(offset, static_cast<std::size_t>(noEndBefore - place));
+  while (offset < kLongestSequence) {
+    const std::string_view window = job.stream.peek(offset + 2);
+    if (window.size() <= offset) break;
+    const std::size_t stop = std::min(window.find_first_of("%(<", offset), window.size());
     if (stop > offset) {
       offset = stop;
     } else if (window[offset] == '%') {
       offset = commentEnd(offset);
     } else if (window.substr(offset).starts_with("<<")) {
       offset += 2;
+    } else if (const std::size_t size = stringSize(offset); size > 0) {
+      const std::string bytes = DecodeString(job.stream.peek(0).substr(offset, size));
+      if (bytes.find(job.application.escapeEnd) != std::string::npos) return true;
+      offset += size;
     } else {
-      const std::string_view token = readPostScriptString(offset);
-      if (token.empty()) break;
-      if (Holds(token, application.escapeEnd)) return true;
-      offset += token.size();
+      ++offset;
     }
   }
-  // A job full of begin tokens must not be searched once for each of them.
-  stream.forward(endIsMissing ? tokenSize : std::min(offset, stream.window().size()));
+  noEndBefore = place + offset;
   return false;
 }
 
-// The index behind the comment at `offset` in the window, at most that of the window's end.
-std::size_t Filter::commentEnd(std::size_t offset) {
-  while (offset < kLongestSequence) {
-    const std::string_view window = stream.peek(offset + 1);
-    const std::size_t lineFeed = window.find('\n', offset);
-    if (lineFeed != kNone) return lineFeed;
-    offset = window.size();
-    if (stream.peek(offset + 1).size() == offset) break;
-  }
-  return offset;
-}
-
-// Writes the job up to the string that holds the end token, which is left in `token`.
+// Writes the job up to the string that holds the end token, which is left open behind that.
 // REQUIRES: endFollows
-void Filter::copyToEndString(std::string& token, Progress& progress) {
-  static const ByteSet kStops("%(<\n");
-  while (!progress.ended) {
-    const std::string_view window = stream.peek(2);
-    const std::size_t plain = kStops.find(window);
+void StringSequences::copyToEndString(Opened& string) {
+  while (true) {
+    const std::string_view window = job.stream.peek(2);
+    const std::size_t plain =
+        std::min(window.find_first_of(job.lineEnd == '\r' ? "%(<\r" : "%(<\n"), window.size());
     if (plain > 0) {
-      stream.forward(plain);
+      job.stream.forward(plain);
     } else if (window.front() == '%') {
-      copyComment();
-    } else if (window.front() == '\n') {
-      handleLineFeed();
-    } else if (window.starts_with("<<")) {
-      stream.forward(2);
+      job.stream.forward(commentEnd(0));
+    } else if (window.front() == job.lineEnd) {
+      job.stream.forward(1);
+      placement.lineEnded();
+      if (job.application.insertMode == Settings::kInsertBeforeLine) job.stream.beginHold();
+    } else if (const std::size_t size = window.starts_with("<<") ? 0 : stringSize(0); size > 0) {
+      string = open(size);
+      const std::size_t end = string.bytes.find(job.application.escapeEnd);
+      extract(string, 0, end == kNone ? kNone : end + job.application.escapeEnd.size());
+      job.stream.consume(size);
+      if (end != kNone) return;
+      job.stream.putString(closed(string));
     } else {
-      token = readPostScriptString(0);
-      stream.consume(token.size());
-      decodeAndExtract(token, progress);
-      if (!progress.ended) stream.putString(token);
+      job.stream.forward(window.starts_with("<<") ? 2 : 1);
     }
   }
-}
-
-Diag::ResultCode Filter::reportUnclosedSequence() {
-  log.Trace(Diag::kWarning, "Begin of barcode escape sequence without valid end found!");
-  return Diag::kUnclosedSequence;
 }
 
 }  // namespace Filter

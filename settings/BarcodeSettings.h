@@ -101,6 +101,8 @@ class BarcodeSettings : public Settings {
   int initgraphics = 0;
   int movecursor = 0;
   int remove = kBlankSequence;
+  // The filter has found the place of the sequence's text: a relative barcode is drawn there.
+  bool drawnAtText = false;
   int embed = -1;
   int pos = -1;  // 0 absolute, 1 relative
 

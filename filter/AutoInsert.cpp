@@ -1,0 +1,428 @@
+#include "filter/AutoInsert.h"
+
+#include "filter/BeginToken.h"
+#include "filter/Limits.h"
+#include "filter/PostScriptString.h"
+
+#include <algorithm>
+#include <initializer_list>
+#include <utility>
+
+namespace Filter {
+
+using Diag::ResultCode;
+
+namespace {
+
+constexpr std::size_t kNone = std::string_view::npos;
+// Widths of characters may stand between a string and the operator that shows it.
+constexpr std::size_t kLongestOperators = 256 * 1024;
+
+bool IsOneOf(std::string_view word, std::initializer_list<std::string_view> words) {
+  return std::find(words.begin(), words.end(), word) != words.end();
+}
+
+// Words behind a string that prepare its showing and leave the graphics state as it is, but for the
+// current point.
+bool Prepares(std::string_view word) {
+  return IsOneOf(word,
+                 {"dup",    "exch",    "pop",         "index",       "copy",   "roll",     "neg",
+                  "add",    "sub",     "mul",         "div",         "idiv",   "abs",      "round",
+                  "cvi",    "cvr",     "true",        "false",       "length", "truncate", "floor",
+                  "moveto", "rmoveto", "stringwidth", "currentpoint"});
+}
+
+// Words that take a string and show nothing.
+bool TakesOtherwise(std::string_view word) {
+  return IsOneOf(
+      word,
+      {"def",    "store",   "put",        "cvn",          "cvx",         "cvs",         "exec",
+       "eq",     "ne",      "=",          "==",           "print",       "run",         "file",
+       "search", "token",   "known",      "load",         "get",         "begin",       "end",
+       "array",  "astore",  "filter",     "anchorsearch", "putinterval", "getinterval", "findfont",
+       "save",   "gsave",   "grestore",   "restore",      "translate",   "rotate",      "scale",
+       "concat", "setfont", "selectfont", "bind",         "if",          "ifelse",      "for",
+       "repeat", ")",       ">"});
+}
+
+// Words behind which a sequence does not go on.
+bool EndsText(std::string_view word) {
+  return IsOneOf(
+      word, {"showpage", "copypage", "currentfile", "image", "imagemask", "colorimage", "eexec"});
+}
+
+// Where the string that ends with the last byte of `text` begins; kNone when there is none.
+std::size_t StringBegin(std::string_view text) {
+  if (text.ends_with('>')) return text.rfind('<');
+  std::size_t depth = 0;
+  for (std::size_t at = text.size(); at-- > 0;) {
+    std::size_t backslashes = 0;
+    while (backslashes < at && text[at - 1 - backslashes] == '\\') ++backslashes;
+    if (backslashes % 2 == 1) continue;
+    if (text[at] == ')') ++depth;
+    if (text[at] == '(' && --depth == 0) return at;
+  }
+  return kNone;
+}
+
+}  // namespace
+
+bool AutoInsert::Unit::hasTaken() const {
+  return std::any_of(parts.begin(), parts.end(),
+                     [](const Part& part) { return !part.taken.empty(); });
+}
+
+std::size_t AutoInsert::Unit::length() const {
+  std::size_t length = 0;
+  for (const Part& part : parts) length += part.bytes.size();
+  return length;
+}
+
+ResultCode AutoInsert::handlePostScriptString(std::size_t size, const Producer& newProducer) {
+  producer = newProducer;
+  text.clear();
+  units.clear();
+  std::size_t string = 0;  // its begin
+  if (const std::size_t back = arrayInFront(); back > 0 && job.stream.retract(back)) string = back;
+  if (!readUnit(0)) {
+    job.stream.forward(string);
+    string = 0;
+    if (!readUnit(0)) {
+      job.stream.forward(size);
+      return Diag::kSuccess;
+    }
+  }
+  const ResultCode result = takeSequences();
+  while (!units.empty() && !units.back().hasTaken()) units.pop_back();
+  if (units.empty()) {
+    job.stream.forward(string + size);
+  } else {
+    writeUnits();
+  }
+  return result;
+}
+
+// ---------------------------------------------------------------- reading
+
+// The token at an offset in the window, which grows until it holds the token whole.
+Token AutoInsert::nextToken(std::size_t at) {
+  while (true) {
+    const Token token = NextToken(window(), at);
+    if (token.kind != Token::kEnd || window().size() - at > kLongestSequence ||
+        !job.stream.extend()) {
+      return token;
+    }
+  }
+}
+
+// How far in front of the window the array begins that its first string stands in; 0 for none.
+std::size_t AutoInsert::arrayInFront() const {
+  std::string_view front = job.stream.history();
+  const std::size_t size = front.size();
+  front.remove_prefix(size - std::min(size, Stream::kLookBack));
+  const std::size_t at = front.size();
+  while (true) {
+    const std::size_t last = front.find_last_not_of(" \t\r\n\f+-.0123456789");
+    if (last == kNone) return 0;
+    if (front[last] == '[') return at - last;
+    front = front.substr(0, last + 1);
+    if (!front.ends_with(')') && !front.ends_with('>')) return 0;
+    const std::size_t begin = StringBegin(front);
+    if (begin == kNone) return 0;
+    front = front.substr(0, begin);
+  }
+}
+
+// Reads the operation whose operand begins at this offset.
+bool AutoInsert::readUnit(std::size_t at) {
+  Unit unit;
+  const Token token = nextToken(at);
+  unit.begin = token.begin;
+  if (token.kind == Token::kOpenArray) {
+    if (!readArray(token.end, unit)) return false;
+  } else if (token.kind == Token::kString) {
+    unit.parts.push_back({token.begin, token.end, DecodeString(token.in(window())), 0, {}});
+    unit.operandEnd = token.end;
+  } else {
+    return false;
+  }
+  readOperators(unit);
+  addText(unit);
+  units.push_back(std::move(unit));
+  return true;
+}
+
+// An array of strings and numbers, behind its bracket.
+bool AutoInsert::readArray(std::size_t at, Unit& unit) {
+  for (Token token = nextToken(at);; token = nextToken(token.end)) {
+    if (token.kind == Token::kString) {
+      unit.parts.push_back({token.begin, token.end, DecodeString(token.in(window())), 0, {}});
+    } else if (token.kind == Token::kCloseArray) {
+      unit.operandEnd = token.end;
+      return !unit.parts.empty();
+    } else if (token.kind != Token::kNumber) {
+      return false;
+    }
+  }
+}
+
+// Everything up to the first word that is not known to do something else than show.
+void AutoInsert::readOperators(Unit& unit) {
+  unit.end = unit.operandEnd;
+  int nesting = 0;  // of arrays and procedures
+  for (Token token = nextToken(unit.operandEnd);; token = nextToken(token.end)) {
+    const std::string_view word = token.in(window());
+    if (token.end - unit.operandEnd > kLongestOperators) return;
+    switch (token.kind) {
+      case Token::kNumber:
+      case Token::kLiteralName:
+        continue;
+      case Token::kOpenArray:
+      case Token::kOpenProcedure:
+        ++nesting;
+        continue;
+      case Token::kCloseArray:
+      case Token::kCloseProcedure:
+        if (--nesting < 0) return;
+        continue;
+      case Token::kName:
+        break;
+      default:
+        return;
+    }
+    if (nesting > 0 || Prepares(word)) continue;
+    unit.shown = !TakesOtherwise(word);
+    if (unit.shown) unit.end = token.end;
+    return;
+  }
+}
+
+bool AutoInsert::readNextUnit() {
+  const std::size_t last = units.back().end;
+  for (Token token = nextToken(last); token.kind != Token::kEnd; token = nextToken(token.end)) {
+    if (token.end - units.front().begin > kLongestSequence) return false;
+    if (token.kind == Token::kName && EndsText(token.in(window()))) return false;
+    const bool mayBegin = token.kind == Token::kString || token.kind == Token::kOpenArray;
+    if (mayBegin && readUnit(token.begin)) return true;
+  }
+  return false;
+}
+
+// Appends what the unit's parts say.
+void AutoInsert::addText(Unit& unit) {
+  const std::string_view all = window();
+  const Part* before = units.empty() ? nullptr : &units.back().parts.back();
+  const std::string_view behind = all.substr(unit.operandEnd, unit.end - unit.operandEnd);
+  for (Part& part : unit.parts) {
+    if (before) {
+      const std::string_view between = all.substr(before->end, part.begin - before->end);
+      const std::string_view front = job.stream.before(before->begin, Stream::kLookBack);
+      const auto movement = PenMovement(producer, front, between, behind);
+      if (!movement || *movement >= kWordSpace || *movement <= -kWordSpace) text += ' ';
+    }
+    part.textBegin = text.size();
+    text += part.bytes;
+    before = &part;
+  }
+}
+
+// ---------------------------------------------------------------- sequences
+
+ResultCode AutoInsert::takeSequences() {
+  ResultCode result = Diag::kSuccess;
+  std::size_t begin = 0;
+  std::size_t end = 0;
+  while (findBegin(end, begin)) {
+    if (!findEnd(begin + job.application.escapeBegin.size(), end)) {
+      const ResultCode unclosed = reportUnclosed(begin);
+      return result == Diag::kSuccess ? unclosed : result;
+    }
+    const ResultCode taken = takeSequence(begin, end);
+    if (result == Diag::kSuccess) result = taken;
+  }
+  return result;
+}
+
+// Finds the next begin token, which may be split over units that were not read yet.
+bool AutoInsert::findBegin(std::size_t from, std::size_t& begin) {
+  const std::string& token = job.application.escapeBegin;
+  while (true) {
+    begin = text.find(token, from);
+    if (begin != kNone) return true;
+    if (PartAtEnd(std::string_view(text).substr(from), token) == 0 || !readNextUnit()) return false;
+  }
+}
+
+// Sets `end` behind the end token.
+bool AutoInsert::findEnd(std::size_t from, std::size_t& end) {
+  const std::string& token = job.application.escapeEnd;
+  std::size_t searched = from;
+  while (true) {
+    end = text.find(token, searched);
+    if (end != kNone) break;
+    searched = std::max(from, text.size() - std::min(text.size(), token.size()));
+    if (placeOf(from) < noEndBefore || !readNextUnit()) return false;
+  }
+  end += token.size();
+  return true;
+}
+
+ResultCode AutoInsert::takeSequence(std::size_t begin, std::size_t end) {
+  const std::size_t optionsBegin = begin + job.application.escapeBegin.size();
+  const std::size_t optionsEnd = end - job.application.escapeEnd.size();
+  std::string output = text.substr(optionsBegin, optionsEnd - std::min(optionsBegin, optionsEnd));
+  const ResultCode result = maker.processForText(output, placeOf(begin));
+  if (!maker.insertsAfter(result)) output.clear();
+  take(begin, end, output);
+  return result;
+}
+
+void AutoInsert::take(std::size_t begin, std::size_t end, const std::string& output) {
+  bool first = true;
+  for (Unit& unit : units) {
+    for (Part& part : unit.parts) {
+      const std::size_t partEnd = part.textBegin + part.bytes.size();
+      if (partEnd <= begin || part.textBegin >= end || part.bytes.empty()) continue;
+      part.taken.push_back({std::max(begin, part.textBegin) - part.textBegin,
+                            std::min(end, partEnd) - part.textBegin, first,
+                            first ? output : std::string()});
+      first = false;
+    }
+  }
+}
+
+// The place in the job of the part that holds an offset of the text.
+std::uint64_t AutoInsert::placeOf(std::size_t textOffset) {
+  std::size_t begin = 0;
+  for (const Unit& unit : units) {
+    for (const Part& part : unit.parts) {
+      if (part.textBegin <= textOffset) begin = part.begin;
+    }
+  }
+  return job.stream.position() + begin;
+}
+
+ResultCode AutoInsert::reportUnclosed(std::size_t begin) {
+  noEndBefore = std::max(noEndBefore, job.stream.position() + units.back().end);
+  job.log.Trace(Diag::kWarning, "Begin of barcode escape sequence without valid end found!");
+  job.noteBarcodeMissing(placeOf(begin), "has no end");
+  return Diag::kUnclosedSequence;
+}
+
+// ---------------------------------------------------------------- writing
+
+void AutoInsert::writeUnits() {
+  std::string output;
+  std::size_t at = 0;
+  for (const Unit& unit : units) {
+    output += window().substr(at, unit.begin - at);
+    output += unit.hasTaken() ? rewritten(unit)
+                              : std::string(window().substr(unit.begin, unit.end - unit.begin));
+    at = unit.end;
+  }
+  job.stream.consume(at);
+  job.stream.putString(output);
+}
+
+std::string AutoInsert::rewritten(const Unit& unit) {
+  const std::string operators(window().substr(unit.operandEnd, unit.end - unit.operandEnd));
+  const ShownText shown = describe(unit);
+  if (!unit.shown) {
+    std::string block;
+    if (!shown.barcodes.empty()) {
+      job.log.Note(Diag::kWarning,
+                   "The operator that shows the text of a barcode sequence could not be seen: the "
+                   "barcode is drawn at the current point, if there is one.");
+      block = BlockAtCurrentPoint(shown.barcodes);
+    }
+    return block + operandLeft(unit) + operators;
+  }
+  const bool placed = !shown.barcodes.empty() || !shown.visible.empty();
+  const std::string front = placed ? BlockBeforeText(shown) : std::string();
+  if (job.application.barcode.remove != Settings::kBlankSequence)
+    return front + operandLeft(unit) + operators;
+  return front + operandLeft(unit) + BlockBehindText(shown) + operators + BlockBehindOperators();
+}
+
+ShownText AutoInsert::describe(const Unit& unit) {
+  ShownText shown;
+  shown.length = unit.length();
+  shown.operand = operandCode(unit, 0, shown.length);
+  shown.operators = operatorsFor(unit, 0, shown.length);
+  std::size_t partBegin = 0;
+  std::size_t visibleFrom = 0;
+  const auto addVisible = [&](std::size_t end) {
+    if (end <= visibleFrom) return;
+    shown.visible.push_back({operandCode(unit, visibleFrom, end),
+                             operatorsFor(unit, visibleFrom, end), end - visibleFrom, visibleFrom});
+  };
+  for (const Part& part : unit.parts) {
+    for (const Taken& taken : part.taken) {
+      addVisible(partBegin + taken.begin);
+      visibleFrom = partBegin + taken.end;
+      if (taken.begins) shown.barcodes.push_back({taken.output, partBegin + taken.begin});
+    }
+    partBegin += part.bytes.size();
+  }
+  addVisible(shown.length);
+  return shown;
+}
+
+// Code that leaves a range of the unit's bytes on the stack, in an array with the numbers between.
+std::string AutoInsert::operandCode(const Unit& unit, std::size_t begin, std::size_t end) {
+  const bool array = window()[unit.begin] == '[';
+  std::string code;
+  std::size_t partBegin = 0;
+  std::size_t at = unit.begin + 1;
+  for (const Part& part : unit.parts) {
+    const std::size_t partEnd = partBegin + part.bytes.size();
+    if (partBegin > begin && partBegin < end) code += window().substr(at, part.begin - at);
+    if (partEnd > begin && partBegin < end) {
+      const std::size_t from = std::max(begin, partBegin) - partBegin;
+      code += HiddenString(
+          std::string_view(part.bytes).substr(from, std::min(end, partEnd) - partBegin - from));
+    }
+    at = part.end;
+    partBegin = partEnd;
+  }
+  return array ? '[' + code + ']' : code;
+}
+
+// The operand without what was taken, in the form that it had.
+std::string AutoInsert::operandLeft(const Unit& unit) {
+  std::string left;
+  std::size_t at = unit.begin;
+  for (const Part& part : unit.parts) {
+    left += window().substr(at, part.begin - at);
+    const std::string_view token = window().substr(part.begin, part.end - part.begin);
+    std::string bytes = part.bytes;
+    for (auto taken = part.taken.rbegin(); taken != part.taken.rend(); ++taken) {
+      bytes.erase(taken->begin, taken->end - taken->begin);
+    }
+    left += part.taken.empty() ? std::string(token) : EncodeLike(token, bytes);
+    at = part.end;
+  }
+  return left += window().substr(at, unit.operandEnd - at);
+}
+
+// The operators for a range of the bytes: of an array with one or two numbers for each byte, as
+// widths are given, those of the range.
+std::string AutoInsert::operatorsFor(const Unit& unit, std::size_t begin, std::size_t end) {
+  const std::string operators(window().substr(unit.operandEnd, unit.end - unit.operandEnd));
+  const std::size_t length = unit.length();
+  const Token open = NextToken(operators, 0);
+  if (open.kind != Token::kOpenArray || end - begin == length) return operators;
+  std::vector<std::string_view> numbers;
+  Token token = NextToken(operators, open.end);
+  for (; token.kind == Token::kNumber; token = NextToken(operators, token.end)) {
+    numbers.push_back(token.in(operators));
+  }
+  if (token.kind != Token::kCloseArray || numbers.empty()) return operators;
+  const std::size_t each = numbers.size() / length;
+  if (each * length != numbers.size() || each > 2) return operators;
+  std::string range = "[";
+  for (std::size_t i = begin * each; i < end * each; ++i) range.append(numbers[i]).append(" ");
+  return range + operators.substr(token.begin);
+}
+
+}  // namespace Filter

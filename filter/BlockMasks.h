@@ -1,0 +1,66 @@
+// The one pass over a job's bytes on which the filter's speed rests.
+//
+// A block of 64 bytes becomes masks with one bit for each byte that means something to the reader
+// of the job; whoever reads walks the bits and never looks at the bytes between them. The masks are
+// made with AVX2 where the processor has it, chosen when the program runs, else by portable code
+// that gives the same bits.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace Filter {
+
+// Bit i stands for byte i of the block.
+struct BlockMasks {
+  std::uint64_t open = 0;   // "("
+  std::uint64_t close = 0;  // ")"
+  std::uint64_t stop = 0;   // whatever else was asked for
+  std::uint64_t line = 0;   // line ends, when asked for
+};
+
+// What a mask's stop bits stand for.
+class StopSet {
+ public:
+  static constexpr std::size_t kMostBytes = 10;
+  static constexpr std::size_t kMostPairs = 5;
+
+  // A byte that stops wherever it stands. REQUIRES: fewer than kMostBytes of them.
+  void addByte(char byte);
+  // Two bytes that stop only one behind the other, for first bytes that data are full of.
+  // REQUIRES: fewer than kMostPairs of them.
+  void addPair(char first, char second);
+  // A long word by a few letters of it that hardly any other word has at the same distances. The
+  // stop stands at the first of the letters.
+  void setSign(char at0, char at1, char at4);
+  // The byte that ends a line.
+  void setLineEnd(char byte);
+
+  bool contains(char byte) const;
+
+  std::array<char, kMostBytes> bytes{};
+  std::size_t byteCount = 0;
+  std::array<std::array<char, 2>, kMostPairs> pairs{};
+  std::size_t pairCount = 0;
+  std::array<char, 3> sign{};
+  bool hasSign = false;
+  char lineEnd = '\0';
+  bool hasLineEnd = false;
+};
+
+inline constexpr std::size_t kBlockSize = 64;
+// Bytes behind a block that decide about it, too.
+inline constexpr std::size_t kBlockLookAhead = 4;
+
+// Fills `masks` for `count` blocks. REQUIRES: count * kBlockSize + kBlockLookAhead readable bytes.
+using MaskMaker = void (*)(const char* bytes, std::size_t count, const StopSet& stops,
+                           BlockMasks* masks);
+
+// The fastest that this processor runs, and the portable one.
+MaskMaker BestMaskMaker();
+void MakeMasksPortably(const char* bytes, std::size_t count, const StopSet& stops,
+                       BlockMasks* masks);
+
+}  // namespace Filter

@@ -1,0 +1,88 @@
+#include "filter/OrvellaSequences.h"
+
+#include "engine/GenerateWithSettings.h"
+#include "filter/Limits.h"
+#include "filter/OrvellaParameters.h"
+#include "filter/RawSequences.h"
+
+#include <algorithm>
+
+namespace Filter {
+
+using Diag::ResultCode;
+
+ResultCode OrvellaSequences::handleOrvellaSequence() {
+  const std::string_view next = job.stream.peek(kOrvellaMarker.size());
+  if (next.starts_with(kOrvellaHeaderBegin)) return handleHeader();
+  if (next.starts_with(kOrvellaMarker)) return handleBody();
+  job.stream.forward(1);
+  return Diag::kSuccess;
+}
+
+ResultCode OrvellaSequences::handleHeader() {
+  job.log.Trace(Diag::kInformation, "Orvella Header Sequence found.");
+  const std::size_t front = kOrvellaHeaderBegin.size();
+  const std::size_t size = sizeToEnd(front, kOrvellaHeaderEnd, noHeaderEndBefore);
+  if (size == 0) {
+    return reportUnclosed("Begin of Orvella control sequence (header) without valid end found!",
+                          front);
+  }
+  orvellaHeader = job.stream.peek(size).substr(0, size);
+  job.stream.consume(size);
+  job.stream.putString(InPlaceOf(orvellaHeader, job));
+  return Diag::kSuccess;
+}
+
+ResultCode OrvellaSequences::handleBody() {
+  job.log.Trace(Diag::kInformation, "Orvella Body Sequence found.");
+  const std::size_t size = sizeToEnd(kOrvellaDataBegin, kOrvellaMarker, noBodyEndBefore);
+  if (size == 0) {
+    return reportUnclosed("Begin of Orvella control sequence (body) without valid end found!",
+                          kOrvellaMarker.size());
+  }
+  const std::uint64_t place = job.stream.position();
+  const std::string body(job.stream.peek(size).substr(0, size));
+  job.stream.consume(size);
+  job.stream.putString(InPlaceOf(OrvellaText(body), job));
+  Settings::BarcodeSettings settings = job.application.barcode;
+  settings.fromJob = true;
+  std::string barcode;
+  ResultCode result = DecodeOrvella(orvellaHeader, body, settings);
+  if (result == Diag::kSuccess) {
+    result = Engine::GenerateWithSettings(settings, barcode,
+                                          static_cast<std::uint32_t>(job.application.memorySize));
+  }
+  if (result == Diag::kSuccess) {
+    job.stream.putString(barcode);
+  } else {
+    job.noteSequenceFailed(place);
+  }
+  return result;
+}
+
+// The length of the sequence at the window's front, which ends with `end` behind its first `front`
+// bytes; 0 when it doesn't, or is longer than any.
+std::size_t OrvellaSequences::sizeToEnd(std::size_t front, std::string_view end,
+                                        std::uint64_t& missingBefore) {
+  const std::uint64_t place = job.stream.position();
+  std::size_t from = front;
+  if (missingBefore > place) from = std::max(from, static_cast<std::size_t>(missingBefore - place));
+  while (from < kLongestSequence) {
+    const std::string_view window = job.stream.peek(from + end.size());
+    const std::size_t found = window.find(end, from);
+    if (found != std::string_view::npos) return found + end.size();
+    from = std::max(from, window.size() - std::min(window.size(), end.size() - 1));
+    if (!job.stream.extend()) break;
+  }
+  missingBefore = place + from;
+  return 0;
+}
+
+ResultCode OrvellaSequences::reportUnclosed(std::string_view message, std::size_t front) {
+  job.log.Trace(Diag::kWarning, message);
+  job.noteBarcodeMissing(job.stream.position(), "has no end");
+  job.stream.forward(std::min(front, job.stream.window().size()));
+  return Diag::kUnclosedSequence;
+}
+
+}  // namespace Filter

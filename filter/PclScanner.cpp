@@ -1,0 +1,108 @@
+#include "filter/PclScanner.h"
+
+#include "filter/OrvellaParameters.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstring>
+
+namespace Filter {
+namespace {
+
+constexpr std::size_t kBlocksAtATime = 64;
+constexpr char kFormFeed = '\f';
+
+}  // namespace
+
+PclScanner::PclScanner(Stream& newStream, const Marks& newMarks)
+    : stream(newStream), marks(newMarks), makeMasks(BestMaskMaker()) {}
+
+void PclScanner::chooseStops(const Wanted& newWanted) {
+  if (stopsChosen && newWanted == wanted) return;
+  stopsChosen = true;
+  wanted = newWanted;
+  stops = StopSet();
+  const auto addToken = [&](const std::string& token) {
+    if (token.size() == 1) stops.addByte(token[0]);
+    if (token.size() > 1) stops.addPair(token[0], token[1]);
+  };
+  addToken(marks.begin);
+  if (wanted.pattern) addToken(marks.insertPattern);
+  if (marks.pjl) {
+    stops.addPair('@', 'P');
+    stops.addPair('@', 'p');
+  }
+  if (marks.orvella) {
+    for (const std::string_view begin : {kOrvellaHeaderBegin, kOrvellaMarker}) {
+      addToken(std::string(begin));
+    }
+  }
+  if (wanted.lineEnds) stops.addByte(marks.lineEnd);
+  if (marks.lineBegins) stops.setLineEnd(marks.lineEnd);
+}
+
+PclScanner::Found PclScanner::next(const Wanted& newWanted) {
+  chooseStops(newWanted);
+  BlockMasks masks[kBlocksAtATime];
+  while (true) {
+    const std::string_view window = stream.peek(kBlockSize + kBlockLookAhead);
+    if (window.empty()) return Found::kEnd;
+    std::size_t size = std::min(window.size(), kBlockSize);
+    if (window.size() >= kBlockSize + kBlockLookAhead) {
+      const std::size_t count =
+          std::min((window.size() - kBlockLookAhead) / kBlockSize, kBlocksAtATime);
+      size = count * kBlockSize;
+      makeMasks(window.data(), count, stops, masks);
+    } else {
+      char last[kBlockSize + kBlockLookAhead] = {};
+      std::memcpy(last, window.data(), window.size());
+      makeMasks(last, 1, stops, masks);
+    }
+    for (std::size_t base = 0; base < size; base += kBlockSize) {
+      const Found found = findIn(masks[base / kBlockSize], base);
+      if (found == Found::kEnd) continue;
+      pass(foundAt);
+      return found;
+    }
+    pass(size);
+    if (marks.lineBegins) stream.keepFrom(lineBeginPlace);
+  }
+}
+
+PclScanner::Found PclScanner::findIn(const BlockMasks& masks, std::size_t base) {
+  Found found = Found::kEnd;
+  std::uint64_t lines = masks.line;
+  for (std::uint64_t bits = masks.stop; bits != 0 && found == Found::kEnd; bits &= bits - 1) {
+    const int place = std::countr_zero(bits);
+    foundAt = base + static_cast<std::size_t>(place);
+    found = whatIsAt(foundAt);
+    if (found != Found::kEnd) lines &= (std::uint64_t{1} << place) - 1;
+  }
+  if (lines != 0) {
+    const auto last = 63 - static_cast<std::size_t>(std::countl_zero(lines));
+    lineBeginPlace = stream.position() + base + last + 1;
+  }
+  return found;
+}
+
+// What a stop turns out to be; kEnd for nothing.
+PclScanner::Found PclScanner::whatIsAt(std::size_t at) {
+  const auto is = [&](std::string_view text) {
+    return !text.empty() && stream.peek(at + text.size()).substr(at).starts_with(text);
+  };
+  const char byte = stream.peek(at + 1)[at];
+  if (wanted.pattern && is(marks.insertPattern)) return Found::kPattern;
+  if (marks.pjl && byte == '@') return Found::kAtSign;
+  if (is(marks.begin)) return Found::kBeginToken;
+  if (wanted.lineEnds && byte == marks.lineEnd) return Found::kLineEnd;
+  if (marks.orvella && byte == kOrvellaControl) return Found::kControl;
+  return Found::kEnd;
+}
+
+void PclScanner::pass(std::size_t count) {
+  const std::string_view passed = stream.peek(0).substr(0, count);
+  pageCount += static_cast<unsigned>(std::count(passed.begin(), passed.end(), kFormFeed));
+  stream.forward(count);
+}
+
+}  // namespace Filter

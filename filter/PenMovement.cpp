@@ -1,0 +1,115 @@
+#include "filter/PenMovement.h"
+
+#include "filter/PostScriptTokens.h"
+
+#include <vector>
+
+namespace Filter {
+namespace {
+
+constexpr double kThousandths = 1000;
+
+struct Words {
+  std::vector<double> numbers;
+  std::string_view name;  // the last executable one
+  std::size_t names = 0;
+  bool other = false;  // procedures, dictionaries, literal names
+};
+
+Words WordsOf(std::string_view text) {
+  Words words;
+  for (Token token = NextToken(text, 0); token.kind != Token::kEnd;
+       token = NextToken(text, token.end)) {
+    if (token.kind == Token::kNumber) {
+      words.numbers.push_back(NumberIn(token.in(text)));
+    } else if (token.kind == Token::kName) {
+      words.name = token.in(text);
+      ++words.names;
+    } else if (token.kind != Token::kOpenArray && token.kind != Token::kCloseArray) {
+      words.other = true;
+    }
+  }
+  return words;
+}
+
+// The number in front of the last `word` in a text that satisfies `fits`; 0 without one.
+double SizeInFront(std::string_view text, std::string_view word) {
+  for (std::size_t at = text.rfind(word); at != std::string_view::npos && at > 0;
+       at = text.rfind(word, at - 1)) {
+    const std::size_t lineBegin = text.find_last_of("\r\n", at) + 1;
+    const Words words = WordsOf(std::string(text.substr(lineBegin, at - lineBegin)) + ' ');
+    if (!words.numbers.empty()) return words.numbers.back();
+  }
+  return 0;
+}
+
+// ---------------------------------------------------------------- dvips
+//
+// Units are those of the device. (text) p shows; (text) dx b shows and moves by dx, which c to k
+// repeat with -4 to 4 units added; l to t without p show and move by -4 to 4.
+
+std::optional<double> DvipsKern(std::string_view name) {
+  constexpr std::string_view kKerns = "lmno-qrst";  // -4..4
+  const std::size_t place = name.size() == 1 ? kKerns.find(name[0]) : std::string_view::npos;
+  if (place == std::string_view::npos || name == "-") return std::nullopt;
+  return static_cast<double>(place) - 4;
+}
+
+// Text of a job that holds a sequence is of about this size.
+constexpr double kPointsOfText = 10;
+constexpr double kPointsPerInch = 72;
+
+std::optional<double> DvipsMovement(Producer producer, const Words& between) {
+  if (between.names != 1 || between.other) return std::nullopt;
+  const double em = producer.unitsPerInch * kPointsOfText / kPointsPerInch;
+  if (const auto kern = DvipsKern(between.name)) return *kern / em;
+  if (between.name == "b" && between.numbers.size() == 1) return between.numbers[0] / em;
+  if (between.name == "p" && between.numbers.empty()) return 0;
+  return std::nullopt;
+}
+
+// ---------------------------------------------------------------- groff
+//
+// dx (text) E moves by dx first, and so do F, G and H; Q, R, S and T move to a place. The font is
+// set by "/F0 10/Times-Roman@0 SF".
+
+std::optional<double> GroffMovement(std::string_view history, const Words& behind) {
+  if (behind.numbers.empty() || behind.name.size() != 1) return std::nullopt;
+  if (behind.name[0] < 'E' || behind.name[0] > 'H') return std::nullopt;
+  const double size = SizeInFront(history, " SF");
+  if (size <= 0) return std::nullopt;
+  return behind.numbers.back() / size;
+}
+
+}  // namespace
+
+void Producer::readComment(std::string_view comment) {
+  if (comment.starts_with("%%Creator:")) {
+    dvips = comment.find("dvips") != std::string_view::npos;
+    groff = comment.find("groff") != std::string_view::npos;
+  }
+  constexpr std::string_view kResolution = "dpi=";
+  const std::size_t resolution = comment.find(kResolution);
+  if (comment.starts_with("%DVIPSParameters:") && resolution != std::string_view::npos) {
+    const double dpi = NumberIn(comment.substr(resolution + kResolution.size()));
+    if (dpi > 0) unitsPerInch = dpi;
+  }
+}
+
+std::optional<double> PenMovement(Producer producer, std::string_view history,
+                                  std::string_view between, std::string_view behind) {
+  const Words words = WordsOf(std::string(between) + ' ');
+  if (words.names == 0 && !words.other) {  // within an array: thousandths, to the left
+    double sum = 0;
+    for (const double number : words.numbers) sum -= number;
+    return sum / kThousandths;
+  }
+  // (text) [widths] Tj  kern TJm
+  if (words.name == "TJm" && words.names == 2 && !words.numbers.empty())
+    return -words.numbers.back() / kThousandths;
+  if (producer.dvips) return DvipsMovement(producer, words);
+  if (producer.groff) return GroffMovement(history, WordsOf(std::string(behind) + ' '));
+  return std::nullopt;
+}
+
+}  // namespace Filter
