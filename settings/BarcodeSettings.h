@@ -194,6 +194,8 @@ class BarcodeSettings : public Settings {
   // When true, a missing argument of `data` fails without a report.
   bool suppressArgumentReport = false;
   bool defaultset = false;
+  // Where the option that failed stands, as messages name it, if that is a barcode settings file.
+  std::string failurePlace;
 
   // Grid of barcodes
   bool multiple = false;
