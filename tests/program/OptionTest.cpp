@@ -168,7 +168,11 @@ TEST_F(Options, PassTheFailuresOfFilesUp) {
       {"datafile=" + folder + "missing", Diag::kAccessDenied, "Couldn't open data file.\n"},
       {"datafile=" + folder, Diag::kAccessDenied, "Couldn't read from data file.\n"},
       {"datafile=/dev/zero", Diag::kAccessDenied, "Data file is too large: /dev/zero"},
-      {"bcfile=" + folder + "missing", Diag::kAccessDenied, ""},
+      {"bcfile=" + folder + "missing", Diag::kAccessDenied,
+       "Couldn't open barcode settings file: " + folder + "missing: No such file or directory"},
+      {"bcfile=" + folder, Diag::kAccessDenied,
+       "Couldn't read barcode settings file: " + folder + ": Is a directory"},
+      {"bcfile=/dev/zero", Diag::kAccessDenied, "Barcode settings file is too large: /dev/zero"},
       {"bcfile=" + files.write("bad", "rot=45\n"), Diag::kInvalidArgument,
        "Rotation must be set to '0', '90', '180' or '270'."},
       {"bcfile=" + files.write("bare", "width\n"), Diag::kNothingLeft,
@@ -183,6 +187,20 @@ TEST_F(Options, PassTheFailuresOfFilesUp) {
     EXPECT_EQ(read("--" + test.option), test.result);
     EXPECT_EQ(log.take(), ErrorLine(test.report));
   }
+}
+
+TEST_F(Options, ComeFromSoManyFilesAtMost) {
+  std::string next = files.write("level0", "");
+  std::string twice;
+  for (int depth = 1; depth < Settings::kMaxFileNesting; ++depth) {
+    twice = "bcfile=" + next + "\n";
+    next = files.write("level" + std::to_string(depth), twice + twice);
+  }
+  EXPECT_EQ(read("--bcfile=" + next), Diag::kInvalidArgument);
+  EXPECT_TRUE(log.take().starts_with("vextorin: Error: Too many barcode settings files: " +
+                                     files.file("")));
+  EXPECT_TRUE(settings.failurePlace.starts_with("line 2 of " + files.file("")));
+  EXPECT_EQ(read("--bcfile=" + files.file("level3")), Diag::kSuccess);
 }
 
 TEST_F(Options, MayComeFromFilesNestedToTheBound) {
