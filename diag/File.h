@@ -12,7 +12,6 @@ namespace Diag {
 class Descriptor {
  public:
   explicit Descriptor(int descriptor = -1) : number(descriptor) {}
-  Descriptor(Descriptor&& other) noexcept : number(std::exchange(other.number, -1)) {}
   Descriptor& operator=(Descriptor&& other) noexcept {
     std::swap(number, other.number);
     return *this;

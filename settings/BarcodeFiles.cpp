@@ -4,6 +4,7 @@
 #include "parser/IniFileParser.h"
 #include "settings/GlobalSettings.h"
 
+#include <algorithm>
 #include <cstring>
 #include <utility>
 
@@ -11,13 +12,9 @@ namespace Settings {
 namespace {
 
 int g_fileNesting = 0;
-int g_filesRead = 0;  // since the outermost of them
 
 struct NestingLevel {
-  NestingLevel() {
-    if (g_fileNesting++ == 0) g_filesRead = 0;
-    ++g_filesRead;
-  }
+  NestingLevel() { ++g_fileNesting; }
   ~NestingLevel() { --g_fileNesting; }
   NestingLevel(const NestingLevel&) = delete;
   NestingLevel& operator=(const NestingLevel&) = delete;
@@ -33,14 +30,18 @@ Diag::FileKind KindFor(const BarcodeSettings& settings) {
   return settings.fromJob ? Diag::FileKind::kRegular : Diag::FileKind::kAny;
 }
 
-// Whether a sequence asks for a file although it may not.
-bool Denied(const BarcodeSettings& settings) {
-  return settings.fromJob && !g_settings.application.jobFiles;
-}
-
-Diag::ResultCode Deny(std::string_view option) {
-  return Fail(Diag::kAccessDenied, "A sequence may not use '", option,
-              "': 'jobfiles' is set to 'deny'.");
+// Whether settings from a job may read one file more. `cost` is its own, for what it makes us do.
+Diag::ResultCode CheckRights(BarcodeSettings& settings, std::string_view option,
+                             std::size_t cost = 0) {
+  if (!settings.fromJob) return Diag::kSuccess;
+  if (!g_settings.application.jobFiles)
+    return Fail(Diag::kAccessDenied, "A sequence may not use '", option,
+                "': 'jobfiles' is set to 'deny'.");
+  settings.fileCost += cost;
+  if (settings.fileCost > kMaxFileCost)
+    return Fail(Diag::kAccessDenied, "A sequence names too many or too large files with '", option,
+                "'.");
+  return Diag::kSuccess;
 }
 
 Diag::ResultCode ReportDataFile(const BarcodeSettings& settings, const std::string& fileName,
@@ -80,33 +81,38 @@ Diag::ResultCode ReportSettingsFile(const BarcodeSettings& settings, const std::
   return Fail(Diag::kAccessDenied, "Barcode settings file is too large: ", name);
 }
 
-}  // namespace
-
-Diag::ResultCode AppendDataFile(BarcodeSettings& settings, const std::string& fileName) {
-  if (Denied(settings)) return Deny("datafile");
-  const std::size_t room = kMaxDataSize - std::min(kMaxDataSize, settings.data.size());
-  const Diag::FileContents file = Diag::ReadFile(fileName, KindFor(settings), room);
-  settings.data += file.bytes;
-  return ReportDataFile(settings, fileName, file.failure);
-}
-
-Diag::ResultCode ReadSettingsFile(BarcodeSettings& settings, const std::string& fileName) {
-  if (Denied(settings)) return Deny("bcfile");
-  const NestingLevel level;
-  if (g_fileNesting > kMaxFileNesting)
-    return Fail(Diag::kInvalidArgument,
-                "Barcode settings files are nested too deeply: ", settings.quoted(fileName));
-  if (g_filesRead > kMaxNestedFiles)
-    return Fail(Diag::kInvalidArgument,
-                "Too many barcode settings files: ", settings.quoted(fileName));
-  Diag::FileContents file = Diag::ReadFile(fileName, KindFor(settings), kMaxSettingsSize);
-  if (const auto result = ReportSettingsFile(settings, fileName, file)) return result;
+Diag::ResultCode ApplyFile(BarcodeSettings& settings, const std::string& fileName,
+                           std::string bytes) {
   Parser::IniFileParser parser;
-  parser.take(std::move(file.bytes));
+  parser.take(std::move(bytes));
   const Diag::ResultCode result = settings.readOptions(parser);
   if (result != Diag::kSuccess && settings.failurePlace.empty())
     settings.failurePlace = PlaceIn(parser, fileName, settings.fromJob);
   return result;
+}
+
+}  // namespace
+
+Diag::ResultCode AppendDataFile(BarcodeSettings& settings, const std::string& fileName) {
+  if (const auto result = CheckRights(settings, "datafile")) return result;
+  const std::size_t room = kMaxDataSize - std::min(kMaxDataSize, settings.data.size());
+  const Diag::FileContents file = Diag::ReadFile(fileName, KindFor(settings), room);
+  settings.data += file.bytes;
+  if (const auto result = ReportDataFile(settings, fileName, file.failure)) return result;
+  return CheckRights(settings, "datafile", kFileCost + file.bytes.size());
+}
+
+Diag::ResultCode ReadSettingsFile(BarcodeSettings& settings, const std::string& fileName) {
+  if (const auto result = CheckRights(settings, "bcfile")) return result;
+  const NestingLevel level;
+  if (g_fileNesting > kMaxFileNesting)
+    return Fail(Diag::kInvalidArgument,
+                "Barcode settings files are nested too deeply: ", settings.quoted(fileName));
+  Diag::FileContents file = Diag::ReadFile(fileName, KindFor(settings), kMaxSettingsSize);
+  if (const auto result = ReportSettingsFile(settings, fileName, file)) return result;
+  const std::size_t cost = kFileCost + kSettingsByteCost * file.bytes.size();
+  if (const auto result = CheckRights(settings, "bcfile", cost)) return result;
+  return ApplyFile(settings, fileName, std::move(file.bytes));
 }
 
 std::string PlaceIn(const Parser::IniFileParser& parser, const std::string& fileName,

@@ -145,6 +145,38 @@ TEST_F(JobOptions, NameRegularFilesOnly) {
   EXPECT_EQ(settings.failurePlace, "line 1 of " + files.file("inner"));
 }
 
+TEST_F(JobOptions, ReadSoMuchAtMost) {
+  std::string twice;
+  std::string next = files.write("level0", "");
+  for (int depth = 1; depth < Settings::kMaxFileNesting; ++depth) {
+    twice = "bcfile=" + next + "\n";
+    next = files.write("level" + std::to_string(depth), twice + twice);
+  }
+  const std::string tooMuch = ErrorLine("A sequence names too many or too large files with '");
+  const std::string large = files.write("large", std::string(Settings::kMaxSettingsSize, '#'));
+  const std::string data = files.write("data", std::string(Settings::kMaxDataSize, 'x'));
+  std::string manyLarge, manyData;
+  for (int count = 0; count < 5; ++count) {
+    manyLarge += " --bcfile=" + large;
+    manyData += " --datafile=" + data + " --data=\"\"";
+  }
+  const std::pair<std::string, const char*> rows[] = {{"--bcfile=" + next, "bcfile"},
+                                                      {manyLarge, "bcfile"},
+                                                      {" --data=\"\"" + manyData, "datafile"}};
+  for (const auto& [options, option] : rows) {
+    settings.fileCost = 0;
+    settings.data.clear();
+    EXPECT_EQ(read(options), Diag::kAccessDenied);
+    EXPECT_EQ(log.take(), tooMuch.substr(0, tooMuch.size() - 1) + option + "'.\n");
+  }
+  // One of each is fine, and so is anything in the configuration.
+  settings = BarcodeSettings();
+  settings.fromJob = true;
+  EXPECT_EQ(read("--bcfile=" + large + " --datafile=" + data), Diag::kSuccess);
+  settings.fromJob = false;
+  EXPECT_EQ(read("--bcfile=" + files.file("level10") + manyLarge), Diag::kSuccess);
+}
+
 TEST_F(JobOptions, NameNoFilesWhereTheConfigurationDeniesIt) {
   const std::string data = files.write("data", "from a file");
   const std::string inner = files.write("inner", "datafile=" + data + "\n");

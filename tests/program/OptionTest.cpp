@@ -189,20 +189,6 @@ TEST_F(Options, PassTheFailuresOfFilesUp) {
   }
 }
 
-TEST_F(Options, ComeFromSoManyFilesAtMost) {
-  std::string next = files.write("level0", "");
-  std::string twice;
-  for (int depth = 1; depth < Settings::kMaxFileNesting; ++depth) {
-    twice = "bcfile=" + next + "\n";
-    next = files.write("level" + std::to_string(depth), twice + twice);
-  }
-  EXPECT_EQ(read("--bcfile=" + next), Diag::kInvalidArgument);
-  EXPECT_TRUE(log.take().starts_with("vextorin: Error: Too many barcode settings files: " +
-                                     files.file("")));
-  EXPECT_TRUE(settings.failurePlace.starts_with("line 2 of " + files.file("")));
-  EXPECT_EQ(read("--bcfile=" + files.file("level3")), Diag::kSuccess);
-}
-
 TEST_F(Options, MayComeFromFilesNestedToTheBound) {
   std::string next = files.write("last", "rot=90\n");
   for (int depth = 1; depth < Settings::kMaxFileNesting; ++depth)
