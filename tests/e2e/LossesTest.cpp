@@ -167,6 +167,33 @@ TEST_F(Losses, OfMemoryEndWith80) {
   EXPECT_EQ(finished.output, "");
 }
 
+TEST_F(Losses, OfControlAreToldWithTheirStatus) {
+  const struct {
+    const char* exception;
+    int status;
+    std::string report;
+  } rows[] = {
+      {"bad_alloc", 80, kError + "Out of memory error.\n"},
+      {"length_error", 0,
+       kError + "Out of memory error.\nDEBUG: vextorin: String class couldn't allocate enough "
+                "memory.\n"},
+      {"other", 130, kError + "Unhandled exception.\n"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.exception);
+    Program program = StandAlone("data=1 trace=verbose");
+    program.environment = {{"LD_PRELOAD", VEXTORIN_THROWING},
+                           {"ASAN_OPTIONS", "verify_asan_link_order=0"},
+                           {"VX_THROW", row.exception}};
+    const Program::Result result = program.run();
+    EXPECT_EQ(result.status, row.status);
+    EXPECT_EQ(result.output, "");
+    const std::string end =
+        row.report + "DEBUG: vextorin: Exit code " + std::to_string(row.status) + "\n";
+    EXPECT_TRUE(result.errors.ends_with(end)) << result.errors;
+  }
+}
+
 // A copy of the program in a folder of its own, where its configuration may stand beside it.
 class ProgramAlone : public Losses {
  protected:
