@@ -1,15 +1,17 @@
 #include "app/Application.h"
 
 #include "app/Run.h"
+#include "app/StandardStreams.h"
 #include "diag/Output.h"
 #include "filter/v1/Version1.h"
 #include "settings/ApplicationPath.h"
 #include "settings/GlobalSettings.h"
 
-#include <cstdio>
+#include <new>
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 namespace App {
 
@@ -53,21 +55,48 @@ void ShowVersion1Help() {
   Diag::PrintText(help);
 }
 
+// The texts that need no configuration, when one is asked for and nothing else.
+bool PrintTextAskedFor(int argc, const char* const* argv) {
+  if (argc != 2) return false;
+  const std::string_view argument = argv[1];
+  const Settings::AppSettings& application = g_settings.application;
+  if (argument == "--version") {
+    application.printVersion();
+    return true;
+  }
+  if (argument != "--help" && argument != "-h") return false;
+  application.printUsage();
+  return true;
+}
+
+// Names the line that ended the loading, in the sinks that the lines above it chose.
+void ReportFailurePlace() {
+  Diag::TraceLog& trace = g_settings.trace;
+  const std::string& place = g_settings.application.failurePlace;
+  if (place.empty() || !trace.enabled(Diag::kError)) return;
+  trace.openSinks();
+  trace.Note(Diag::kError, "Wrong configuration in ", Diag::Foreign{place});
+}
+
 // The exit status when there is nothing to go on with.
 std::optional<int> LoadSettings(int argc, const char* const* argv) {
+  int exitCode = kExitBadArguments;
   switch (g_settings.application.load(argc, argv)) {
     case Diag::kSuccess:
       return std::nullopt;
     case Diag::kHelpShown:
       ShowVersion1Help();
-      return kExitSuccess;
+      return AfterPrinting(kExitSuccess);
     case Diag::kAccessDenied:
       CheckArguments(argc, argv);
-      return kExitNoIniFile;
+      exitCode = kExitNoIniFile;
+      break;
     default:
       g_settings.trace.Trace(Diag::kError, "Error in ini-file.");
-      return kExitBadArguments;
+      break;
   }
+  ReportFailurePlace();
+  return exitCode;
 }
 
 void WriteBanner() {
@@ -101,7 +130,7 @@ std::optional<int> Prepare(int argc, const char* const* argv) {
   if (NothingToDo()) {
     trace.TraceCont(Diag::kError, "BarCode data is missing!\n");
     g_settings.application.printUsage();
-    return kExitSuccess;
+    return AfterPrinting(kExitSuccess);
   }
   return std::nullopt;
 }
@@ -112,10 +141,22 @@ int LogExitCode(int exitCode) {
 }
 
 int StartAndRun(int argc, const char* const* argv) {
+  if (PrintTextAskedFor(argc, argv)) return AfterPrinting(kExitSuccess);
   if (const auto exitCode = LoadSettings(argc, argv)) return *exitCode;
   if (const auto exitCode = Prepare(argc, argv)) return *exitCode;
   const int exitCode = Run();
   return LogExitCode(exitCode == kExitFailure ? int{kExitSuccess} : exitCode);
+}
+
+// Ends a run that an exception left. Messages need memory, too: without it the status must do.
+int EndUnfinished(int exitCode, std::string_view error, std::string_view detail = {}) {
+  try {
+    g_settings.trace.Trace(Diag::kError, error);
+    if (!detail.empty()) g_settings.trace.Trace(Diag::kDebug, detail);
+    LogExitCode(exitCode);
+  } catch (const std::bad_alloc&) {
+  }
+  return exitCode;
 }
 
 }  // namespace
@@ -124,12 +165,12 @@ int RunApplication(int argc, const char* const* argv) {
   try {
     return StartAndRun(argc, argv);
   } catch (const std::length_error&) {
-    g_settings.trace.Trace(Diag::kError, "Out of memory error.");
-    g_settings.trace.Trace(Diag::kDebug, "String class couldn't allocate enough memory.");
-    return LogExitCode(kExitSuccess);
+    return EndUnfinished(kExitSuccess, "Out of memory error.",
+                         "String class couldn't allocate enough memory.");
+  } catch (const std::bad_alloc&) {
+    return EndUnfinished(kExitOutOfMemory, "Out of memory error.");
   } catch (...) {
-    g_settings.trace.Trace(Diag::kError, "Unhandled exception.");
-    return LogExitCode(kExitException);
+    return EndUnfinished(kExitException, "Unhandled exception.");
   }
 }
 

@@ -12,7 +12,7 @@ enum ExitCode : int {
   kExitNoIniFile = 20,     // ini file that can't be opened
   kExitFailure = 70,       // an ordinary failure, never left to the process
   kExitOutOfMemory = 80,
-  kExitAccessDenied = 90,  // output file of the stand-alone run
+  kExitAccessDenied = 90,  // the output file, standard output or the print job failed
   kExitNoLibrary = 110,    // the session with the barcode library couldn't be opened
   kExitException = 130,
 };

@@ -18,6 +18,8 @@ int RunFilter() {
   switch (Filter::Filter().run()) {
     case Diag::kSuccess:
       return kExitSuccess;
+    case Diag::kJobStreamFailed:
+      return kExitAccessDenied;
     case Diag::kOutOfMemory:
       return kExitOutOfMemory;
     default:

@@ -1,15 +1,20 @@
 #include "app/Standalone.h"
 
+#include "app/StandardStreams.h"
+#include "diag/File.h"
+#include "diag/Output.h"
 #include "engine/GenerateWithSettings.h"
 #include "settings/GlobalSettings.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <cstdint>
-#include <cstdio>
 #include <cstring>
 #include <string>
+#include <string_view>
 
 namespace App {
 
@@ -25,52 +30,46 @@ void ChooseFormat() {
   g_settings.trace.Trace(Diag::kDebug, "Output format: ", format);
 }
 
-void ReportSystemError(int error) {
+ResultCode Fail(std::string_view message) {
+  g_settings.trace.Trace(Diag::kError, message);
+  return Diag::kAccessDenied;
+}
+
+// The same, for what the system refused.
+ResultCode FailWith(int error, std::string_view message, std::string_view more = {}) {
+  g_settings.trace.Trace(Diag::kError, message);
+  if (!more.empty()) g_settings.trace.Trace(Diag::kInformation, more);
   g_settings.trace.Trace(Diag::kInformation, "Error: ", std::strerror(error));
+  return Diag::kAccessDenied;
 }
 
-bool WriteAll(std::FILE* stream, const std::string& output) {
-  return std::fwrite(output.data(), 1, output.size(), stream) == output.size();
-}
-
-// A disk that fills up shows in the write or in the close, depending on the size of the output.
-bool WriteAndClose(std::FILE* file, const std::string& output) {
-  errno = 0;
-  const bool written = WriteAll(file, output);
-  const int writeError = errno;
-  if (std::fclose(file) != 0) return false;
-  errno = writeError;
-  return written;
+// The mode is the file's that was opened, whatever its name stands for by now, and only a regular
+// one has bits of ours.
+bool SetMode(const Diag::Descriptor& file) {
+  struct stat status;
+  if (fstat(file.get(), &status) != 0) return false;
+  return !S_ISREG(status.st_mode) || fchmod(file.get(), kOutputMode) == 0;
 }
 
 ResultCode WriteToFile(const std::string& name, const std::string& output) {
-  Diag::TraceLog& trace = g_settings.trace;
-  trace.Trace(Diag::kInformation, "Writing output to file: ", name);
-  std::FILE* const file = std::fopen(name.c_str(), "wb");
-  if (file == nullptr) {
-    const int error = errno;
-    trace.Trace(Diag::kError, "Couldn't open output file.");
-    ReportSystemError(error);
-    return Diag::kAccessDenied;
-  }
-  if (!WriteAndClose(file, output)) {
-    const int error = errno;
-    trace.Trace(Diag::kError, "Couldn't write/close file.");
-    trace.Trace(Diag::kInformation, "fopen() for daemon failed.");
-    ReportSystemError(error);
-    return Diag::kAccessDenied;
-  }
-  if (chmod(name.c_str(), kOutputMode) != 0) {
-    trace.Trace(Diag::kError, "Couldn't change file attributes of output file.");
-    return Diag::kAccessDenied;
-  }
-  return Diag::kSuccess;
+  g_settings.trace.Trace(Diag::kInformation, "Writing output to file: ", name);
+  Diag::Descriptor file(open(name.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
+  if (!file) return FailWith(errno, "Couldn't open output file.");
+  int error = Diag::WriteAll(file.get(), output);
+  const bool modeSet = SetMode(file);
+  // A disk that fills up shows in the write or in the close.
+  if (const int closeError = file.close(); error == 0) error = closeError;
+  if (error != 0)
+    return FailWith(error, "Couldn't write/close file.", "fopen() for daemon failed.");
+  return modeSet ? Diag::kSuccess : Fail("Couldn't change file attributes of output file.");
 }
 
 ResultCode WriteToStdout(const std::string& output) {
   g_settings.trace.Trace(Diag::kInformation, "Writing output to stdout.");
-  WriteAll(stdout, output);
-  return Diag::kSuccess;
+  const int error = Diag::WriteAll(STDOUT_FILENO, output);
+  if (error == 0) return Diag::kSuccess;
+  ReportOutputFailure(error);
+  return Diag::kAccessDenied;
 }
 
 }  // namespace

@@ -1,5 +1,9 @@
 #include "diag/Assert.h"
 
+#include "diag/Output.h"
+
+#include <unistd.h>
+
 #include <cstdlib>
 
 namespace Diag {
@@ -14,7 +18,7 @@ std::string Report(std::string_view file, int line, std::string_view information
 void AssertToStderr(bool condition, std::string_view file, int line, std::string_view information) {
   if (condition) return;
   const std::string report = Report(file, line, information) + '\n';
-  std::fwrite(report.data(), 1, report.size(), stderr);
+  WriteAll(STDERR_FILENO, report);
   std::exit(kExitAssertion);
 }
 

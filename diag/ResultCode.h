@@ -13,6 +13,9 @@ inline constexpr ResultCode kSuccess = 0;
 inline constexpr ResultCode kOutOfMemory = 0x8007000E;
 // Also any file that can't be opened or written.
 inline constexpr ResultCode kAccessDenied = 0x80070005;
+// The print job couldn't be read, or the filtered one not written. Not kAccessDenied, which a
+// sequence gives that names a file: the job goes on then.
+inline constexpr ResultCode kJobStreamFailed = 0x8007001D;
 // Unknown option, rejected value, wrong filter arguments, input file not found.
 inline constexpr ResultCode kInvalidArgument = 0x80070057;
 // Help, usage or version text was shown; the process ends with exit status 0.

@@ -1,6 +1,10 @@
 #include "diag/TraceLog.h"
 
+#include "diag/Output.h"
+
+#include <fcntl.h>
 #include <syslog.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -30,7 +34,24 @@ const LevelRow& RowOf(Level level) {
 }
 
 void WriteToStderr(std::string_view text) {
-  std::fwrite(text.data(), 1, text.size(), stderr);
+  WriteAll(STDERR_FILENO, text);
+}
+
+// The file stays where other users can write, too, so a link there may be anyone's. A pipe that
+// nobody reads must not stop the job.
+Descriptor OpenForAppending(const std::string& name) {
+  const bool standardStream = name == "/dev/stderr" || name == "/dev/stdout";
+  const int flags = O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
+  constexpr mode_t kOwnerAndGroup = 0640;
+  return Descriptor(open(name.c_str(), flags | (standardStream ? 0 : O_NOFOLLOW), kOwnerAndGroup));
+}
+
+void WriteOrDrop(int descriptor, std::string_view text) {
+  while (!text.empty()) {
+    const ssize_t count = ::write(descriptor, text.data(), text.size());
+    if (count < 0 && errno != EINTR) return;
+    text.remove_prefix(static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+  }
 }
 
 }  // namespace
@@ -58,7 +79,7 @@ ResultCode TraceLog::openErrorFile() {
     WriteToStderr("Filename of error file must be specified.\n");
     return kInvalidArgument;
   }
-  errorFile.reset(std::fopen(errorFileName.c_str(), "a"));
+  errorFile = OpenForAppending(errorFileName);
   if (!errorFile) {
     WriteToStderr(Text("Couldn't open error file.\nError message:", std::strerror(errno), '\n'));
     return kAccessDenied;
@@ -67,7 +88,7 @@ ResultCode TraceLog::openErrorFile() {
 }
 
 void TraceLog::closeSinks() {
-  errorFile.reset();
+  errorFile = Descriptor();
   if (syslogOn) closelog();
 }
 
@@ -82,8 +103,7 @@ void TraceLog::write(std::string_view message, Level level, Form form) {
   const std::string_view untagged = std::string_view(line).substr(row.tag.size());
   if (stderrOn) WriteToStderr(line);
   if (errorFileOn && errorFile) {
-    std::fwrite(untagged.data(), 1, untagged.size(), errorFile.get());
-    std::fflush(errorFile.get());
+    WriteOrDrop(errorFile.get(), untagged);
   }
   if (collect && form.collected && (level == kError || level == kWarning)) {
     collectedText += untagged;

@@ -100,7 +100,7 @@ class TraceLog {
   bool errorFileOn = false;
   std::string name = "vextorin";
   std::string syslogIdentity;  // syslog keeps a pointer to it
-  File errorFile;
+  Descriptor errorFile;
   std::string errorFileName = "vextorin_error.txt";
   int indentWidth = 2;  // spaces a step
   int indentDepth = 0;

@@ -1,17 +1,18 @@
 #include "parser/IniFileParser.h"
 
+#include "diag/File.h"
+
 #include <algorithm>
-#include <string_view>
+#include <utility>
 
 namespace Parser {
 namespace {
 
 // A longer line is split; its rest is read as the next line.
-constexpr int kMaxLineLength = 4095;
+constexpr std::size_t kLongestLine = 4095;
 
 std::string_view Trimmed(std::string_view line) {
-  constexpr std::string_view kBlanks = " \t\r";
-  if (line.ends_with('\n')) line.remove_suffix(1);
+  constexpr std::string_view kBlanks = " \t\r\n";
   line.remove_prefix(std::min(line.find_first_not_of(kBlanks), line.size()));
   return line.substr(0, line.find_last_not_of(kBlanks) + 1);
 }
@@ -19,15 +20,32 @@ std::string_view Trimmed(std::string_view line) {
 }  // namespace
 
 Diag::ResultCode IniFileParser::open(const std::string& fileName) {
-  pending.clear();
-  file.reset(std::fopen(fileName.c_str(), "rt"));
-  return file ? Diag::kSuccess : Diag::kAccessDenied;
+  Diag::FileContents file = Diag::ReadFile(fileName, Diag::FileKind::kAny, kLongestFile);
+  take(std::move(file.bytes));
+  return file.failure == Diag::ReadFailure::kNone ? Diag::kSuccess : Diag::kAccessDenied;
 }
 
-bool IniFileParser::readLine(std::string& line) {
-  char buffer[kMaxLineLength + 1];
-  while (file && std::fgets(buffer, sizeof buffer, file.get())) {
-    line = Trimmed(buffer);
+void IniFileParser::take(std::string bytes) {
+  text = std::move(bytes);
+  position = 0;
+  number = 0;
+  line.clear();
+  pending.clear();
+}
+
+// A line with its line feed, or as much of it as is read at once.
+std::string_view IniFileParser::nextPiece() {
+  std::string_view piece = std::string_view(text).substr(position, kLongestLine);
+  piece = piece.substr(0, std::min(piece.find('\n'), kLongestLine - 1) + 1);
+  if (position == 0 || text[position - 1] == '\n') ++number;
+  position += piece.size();
+  return piece;
+}
+
+bool IniFileParser::readLine() {
+  while (position < text.size()) {
+    const std::string_view piece = nextPiece();
+    line = Trimmed(piece.substr(0, piece.find('\0')));
     if (!line.empty() && line.front() != '#') return true;
   }
   return false;
@@ -39,8 +57,7 @@ Diag::ResultCode IniFileParser::nextOption(std::string& name) {
     name.swap(pending);
     return Diag::kInvalidArgument;
   }
-  std::string line;
-  if (!readLine(line)) return Diag::kNothingLeft;
+  if (!readLine()) return Diag::kNothingLeft;
   const std::size_t equals = line.find('=');
   name = line.substr(0, equals);
   if (equals != std::string::npos) pending = line.substr(equals + 1);

@@ -7,6 +7,7 @@
 #include "settings/AppOptions.h"
 #include "settings/ApplicationPath.h"
 #include "settings/ApplyOption.h"
+#include "settings/BarcodeFiles.h"
 #include "settings/UsageText.h"
 
 namespace Settings {
@@ -83,11 +84,16 @@ Diag::ResultCode AppSettings::load(int argc, const char* const* argv) {
   Parser::IniFileParser parser;
   if (parser.open(iniFile) != Diag::kSuccess) {
     trace.TraceRaw(Diag::kError, "IniFile: ");
-    trace.TraceCont(Diag::kError, iniFile);
+    trace.TraceCont(Diag::kError, Diag::Foreign{iniFile});
     trace.Trace(Diag::kError, "Couldn't open ini-file.\n");
     return Diag::kAccessDenied;
   }
   const Diag::ResultCode result = readOptions(parser);
+  if (result != Diag::kSuccess && result != Diag::kHelpShown) {
+    failurePlace = PlaceIn(parser, iniFile, false);
+    if (!barcode.failurePlace.empty())
+      failurePlace = barcode.failurePlace + ", named in " + failurePlace;
+  }
   if (result == Diag::kInvalidArgument) {
     trace.Trace(Diag::kError, "Wrong ini-file.");
     trace.TraceCont(Diag::kError, "Try 'vextorin --help' for more information.\n");

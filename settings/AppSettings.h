@@ -36,7 +36,8 @@ class AppSettings : public Settings {
   OutputFormat streamFormat() const;
 
   // Takes the ini file's name from the command line (`--inifile`) and reads that file. An ini file
-  // that can't be opened is kAccessDenied, else the result of readOptions.
+  // that can't be opened and read is kAccessDenied, else the result of readOptions; with
+  // `failurePlace` set when that is a failure.
   Diag::ResultCode load(int argc, const char* const* argv);
 
   int memorySize = 65536;  // bytes
@@ -60,6 +61,7 @@ class AppSettings : public Settings {
   bool ignoreNoData = false;
   bool lineByLine = false;
   bool jobFiles = true;           // sequences may name files to read
+  std::string failurePlace;       // the line of the ini file that failed, as messages name it
   bool barcodeHelpShown = false;  // the help on barcode options was printed
   BarcodeSettings barcode;
 

@@ -4,8 +4,9 @@
 #include "parser/IniFileParser.h"
 #include "settings/GlobalSettings.h"
 
-#include <array>
-#include <cstdio>
+#include <algorithm>
+#include <cstring>
+#include <utility>
 
 namespace Settings {
 namespace {
@@ -25,28 +26,101 @@ Diag::ResultCode Fail(Diag::ResultCode result, const Parts&... message) {
   return result;
 }
 
-}  // namespace
+Diag::FileKind KindFor(const BarcodeSettings& settings) {
+  return settings.fromJob ? Diag::FileKind::kRegular : Diag::FileKind::kAny;
+}
 
-Diag::ResultCode AppendDataFile(BarcodeSettings& settings, const std::string& fileName) {
-  const Diag::File file(std::fopen(fileName.c_str(), "rb"));
-  if (!file) return Fail(Diag::kAccessDenied, "Couldn't open data file.\n");
-  std::array<char, 65536> block;
-  while (const std::size_t size = std::fread(block.data(), 1, block.size(), file.get())) {
-    if (settings.data.size() + size > kMaxDataSize)
-      return Fail(Diag::kAccessDenied, "Data file is too large: ", fileName);
-    settings.data.append(block.data(), size);
-  }
-  if (std::ferror(file.get())) return Fail(Diag::kAccessDenied, "Couldn't read from data file.\n");
+// Whether settings from a job may read one file more. `cost` is its own, for what it makes us do.
+Diag::ResultCode CheckRights(BarcodeSettings& settings, std::string_view option,
+                             std::size_t cost = 0) {
+  if (!settings.fromJob) return Diag::kSuccess;
+  if (!g_settings.application.jobFiles)
+    return Fail(Diag::kAccessDenied, "A sequence may not use '", option,
+                "': 'jobfiles' is set to 'deny'.");
+  settings.fileCost += cost;
+  if (settings.fileCost > kMaxFileCost)
+    return Fail(Diag::kAccessDenied, "A sequence names too many or too large files with '", option,
+                "'.");
   return Diag::kSuccess;
 }
 
+Diag::ResultCode ReportDataFile(const BarcodeSettings& settings, const std::string& fileName,
+                                Diag::ReadFailure failure) {
+  switch (failure) {
+    case Diag::ReadFailure::kNone:
+      return Diag::kSuccess;
+    case Diag::ReadFailure::kNotOpened:
+      return Fail(Diag::kAccessDenied, "Couldn't open data file.\n");
+    case Diag::ReadFailure::kNotRead:
+      return Fail(Diag::kAccessDenied, "Couldn't read from data file.\n");
+    case Diag::ReadFailure::kNotRegular:
+      return Fail(Diag::kAccessDenied, "Data file is no regular file: ", settings.quoted(fileName));
+    case Diag::ReadFailure::kTooLarge:
+      break;
+  }
+  return Fail(Diag::kAccessDenied, "Data file is too large: ", settings.quoted(fileName));
+}
+
+Diag::ResultCode ReportSettingsFile(const BarcodeSettings& settings, const std::string& fileName,
+                                    const Diag::FileContents& file) {
+  const Diag::Foreign name = settings.quoted(fileName);
+  switch (file.failure) {
+    case Diag::ReadFailure::kNone:
+      return Diag::kSuccess;
+    case Diag::ReadFailure::kNotOpened:
+      return Fail(Diag::kAccessDenied, "Couldn't open barcode settings file: ", name, ": ",
+                  std::strerror(file.error));
+    case Diag::ReadFailure::kNotRead:
+      return Fail(Diag::kAccessDenied, "Couldn't read barcode settings file: ", name, ": ",
+                  std::strerror(file.error));
+    case Diag::ReadFailure::kNotRegular:
+      return Fail(Diag::kAccessDenied, "Barcode settings file is no regular file: ", name);
+    case Diag::ReadFailure::kTooLarge:
+      break;
+  }
+  return Fail(Diag::kAccessDenied, "Barcode settings file is too large: ", name);
+}
+
+Diag::ResultCode ApplyFile(BarcodeSettings& settings, const std::string& fileName,
+                           std::string bytes) {
+  Parser::IniFileParser parser;
+  parser.take(std::move(bytes));
+  const Diag::ResultCode result = settings.readOptions(parser);
+  if (result != Diag::kSuccess && settings.failurePlace.empty())
+    settings.failurePlace = PlaceIn(parser, fileName, settings.fromJob);
+  return result;
+}
+
+}  // namespace
+
+Diag::ResultCode AppendDataFile(BarcodeSettings& settings, const std::string& fileName) {
+  if (const auto result = CheckRights(settings, "datafile")) return result;
+  const std::size_t room = kMaxDataSize - std::min(kMaxDataSize, settings.data.size());
+  const Diag::FileContents file = Diag::ReadFile(fileName, KindFor(settings), room);
+  settings.data += file.bytes;
+  if (const auto result = ReportDataFile(settings, fileName, file.failure)) return result;
+  return CheckRights(settings, "datafile", kFileCost + file.bytes.size());
+}
+
 Diag::ResultCode ReadSettingsFile(BarcodeSettings& settings, const std::string& fileName) {
+  if (const auto result = CheckRights(settings, "bcfile")) return result;
   const NestingLevel level;
   if (g_fileNesting > kMaxFileNesting)
-    return Fail(Diag::kInvalidArgument, "Barcode settings files are nested too deeply: ", fileName);
-  Parser::IniFileParser file;
-  if (const Diag::ResultCode result = file.open(fileName)) return result;
-  return settings.readOptions(file);
+    return Fail(Diag::kInvalidArgument,
+                "Barcode settings files are nested too deeply: ", settings.quoted(fileName));
+  Diag::FileContents file = Diag::ReadFile(fileName, KindFor(settings), kMaxSettingsSize);
+  if (const auto result = ReportSettingsFile(settings, fileName, file)) return result;
+  const std::size_t cost = kFileCost + kSettingsByteCost * file.bytes.size();
+  if (const auto result = CheckRights(settings, "bcfile", cost)) return result;
+  return ApplyFile(settings, fileName, std::move(file.bytes));
+}
+
+std::string PlaceIn(const Parser::IniFileParser& parser, const std::string& fileName,
+                    bool fromJob) {
+  const std::string place = Diag::Text("line ", parser.lineNumber(), " of ");
+  // What stands in a file that a job names is not the job's to read.
+  if (fromJob) return Diag::Text(place, Diag::Foreign{fileName});
+  return Diag::Text(place, Diag::Foreign{fileName}, ": ", Diag::Foreign{parser.lineText()});
 }
 
 }  // namespace Settings

@@ -7,6 +7,7 @@
 
 #include "settings/Settings.h"
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -196,6 +197,9 @@ class BarcodeSettings : public Settings {
   // When true, a missing argument of `data` fails without a report.
   bool suppressArgumentReport = false;
   bool defaultset = false;
+  // Where the option that failed stands, as messages name it, if that is a barcode settings file.
+  std::string failurePlace;
+  std::size_t fileCost = 0;  // of the files read so far for a job's settings, see BarcodeFiles.h
 
   // Grid of barcodes
   bool multiple = false;

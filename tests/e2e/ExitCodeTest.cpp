@@ -43,6 +43,20 @@ TEST(ExitCode, FollowsTheLibrarysFailures) {
   }
 }
 
+// The report without the folder of its ini file, which has another name in each run.
+std::string WithoutFolder(std::string report) {
+  const std::size_t begin = report.find(" of /");
+  const std::size_t end = report.rfind("/test.ini");
+  if (begin < end && end != report.npos) report.erase(begin + 4, end - begin - 3);
+  return report;
+}
+
+std::string PlaceLine(const std::string& place) {
+  if (place.empty()) return {};
+  return kError + "Wrong configuration in line " + std::string(place).insert(1, " of test.ini") +
+         "\n";
+}
+
 TEST(ExitCode, TellsSettingsFromFiles) {
   const std::string wrong = kError +
                             "Wrong ini-file.\nERROR: Try 'vextorin --help' for more "
@@ -52,14 +66,19 @@ TEST(ExitCode, TellsSettingsFromFiles) {
     const char* settings;
     int status;
     std::string errors;
+    const char* place = "";  // of the wrong line, which ends the report
   } rows[] = {
-      {"memory=0", 10, kError + "Size of memory must be a value greater 0.\n" + wrong},
-      {"width=abc", 10, kError + "Invalid barcode width: abc\n" + wrong},
-      {"data=1 Trace=verbose", 10, kError + "Unrecognized option Trace\n" + wrong},
-      {"filter=1", 10, kError + "Unrecognized option 1\n" + wrong},
+      {"memory=0", 10, kError + "Size of memory must be a value greater 0.\n" + wrong,
+       "1: memory=0"},
+      {"width=abc", 10, kError + "Invalid barcode width: abc\n" + wrong, "1: width=abc"},
+      {"data=1 Trace=verbose", 10, kError + "Unrecognized option Trace\n" + wrong,
+       "2: Trace=verbose"},
+      {"filter=1", 10, kError + "Unrecognized option 1\n" + wrong, "1: filter=1"},
       {"stream", 10,
-       kError + "Option 'stream' requires an argument.\n" + kError + "Error in ini-file.\n"},
-      {"datafile=/nonexistent", 20, kError + "Couldn't open data file.\n\n"},
+       kError + "Option 'stream' requires an argument.\n" + kError + "Error in ini-file.\n",
+       "1: stream"},
+      {"datafile=/nonexistent", 20, kError + "Couldn't open data file.\n\n",
+       "1: datafile=/nonexistent"},
       {"data=1 output=/nonexistent/barcode.ps", 90, kError + "Couldn't open output file.\n"},
       {"filter trace=warning pclreset", 0, "WARNING: vextorin: Warning: Nothing to filter!\n"},
   };
@@ -67,10 +86,9 @@ TEST(ExitCode, TellsSettingsFromFiles) {
     SCOPED_TRACE(row.settings);
     const Program::Result result = StandAlone(row.settings).run();
     EXPECT_EQ(result.status, row.status);
-    EXPECT_EQ(result.errors, row.errors);
+    EXPECT_EQ(WithoutFolder(result.errors), row.errors + PlaceLine(row.place));
     EXPECT_EQ(result.output, "");
   }
-  EXPECT_EQ(StandAlone("bcfile=/nonexistent").run().status, 20);
 }
 
 Finished RunWithArguments(const std::string& settings, const Lines& more) {

@@ -3,9 +3,11 @@
 #include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <cstdarg>
 #include <cstdio>
+#include <filesystem>
 #include <functional>
 #include <vector>
 
@@ -79,6 +81,7 @@ TEST(TraceLogLine, HasTagNameLevelWordAndIndentation) {
          log.Trace(Diag::kError, "m");
        },
        "ERROR: other: Error:     m\n"},
+      {[](TraceLog& log) { log.Note(Diag::kWarning, "m", 1); }, "WARNING: vextorin: Warning: m1\n"},
       {[](TraceLog& log) {
          log.setIndentWidth(3);
          log.decreaseIndent();
@@ -122,6 +125,7 @@ TEST(TraceLogCollection, HoldsErrorsAndWarningsWithoutTags) {
   log.Trace(Diag::kError, "a");
   log.Trace(Diag::kInformation, "b");
   log.TraceCont(Diag::kWarning, "c");
+  log.Note(Diag::kError, "ours");
   EXPECT_EQ(log.getCollectedText(), "vextorin: Error: a\nc\n");
 }
 
@@ -142,6 +146,10 @@ TEST(ErrorFile, IsAppendedToAndCompleteAfterEveryLine) {
 }
 
 TEST(ErrorFile, ThatCannotBeOpenedIsReportedAndLeftOut) {
+  const Support::TempFolder folder;
+  const std::string link = folder.file("link"), pipe = folder.file("pipe");
+  std::filesystem::create_symlink(folder.write("target", "kept"), link);
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
   const struct {
     const char* name;
     Diag::ResultCode result;
@@ -150,6 +158,11 @@ TEST(ErrorFile, ThatCannotBeOpenedIsReportedAndLeftOut) {
       {"", Diag::kInvalidArgument, "Filename of error file must be specified.\n"},
       {"/nowhere/error.txt", Diag::kAccessDenied,
        "Couldn't open error file.\nError message:No such file or directory\n"},
+      {link.c_str(), Diag::kAccessDenied,
+       "Couldn't open error file.\nError message:Too many levels of symbolic links\n"},
+      // Nobody reads it.
+      {pipe.c_str(), Diag::kAccessDenied,
+       "Couldn't open error file.\nError message:No such device or address\n"},
   };
   for (const auto& test : kCases) {
     const std::string report = OnStderr([&](TraceLog& log) {
@@ -160,6 +173,27 @@ TEST(ErrorFile, ThatCannotBeOpenedIsReportedAndLeftOut) {
     });
     EXPECT_EQ(report, test.report + "ERROR: vextorin: Error: goes on\n");
   }
+  EXPECT_EQ(Support::ReadFile(folder.file("target")), "kept");
+}
+
+TEST(ErrorFile, IsForOwnerAndGroupAndMayBeAStandardStream) {
+  const Support::TempFolder folder;
+  const std::string path = folder.file("errors.txt");
+  const mode_t before = umask(0);
+  for (const std::string& name : {path, std::string("/dev/stderr")}) {
+    EXPECT_EQ(OnStderr([&](TraceLog& log) {
+                log.setStderrOn(false);
+                log.setErrorFileName(name);
+                log.setErrorFileOn(true);
+                EXPECT_EQ(log.openSinks(), TraceLog::kSinksOpen);
+                log.Trace(Diag::kError, "m");
+              }),
+              name == path ? "" : "vextorin: Error: m\n");
+  }
+  umask(before);
+  struct stat status {};
+  ASSERT_EQ(stat(path.c_str(), &status), 0);
+  EXPECT_EQ(status.st_mode & 07777u, 0640u);
 }
 
 TEST(Syslog, GetsMessagesWithoutNameAndLineEndWhileOn) {
