@@ -1,6 +1,7 @@
 #include "library/grid/Parts.h"
 
 #include "library/Error.h"
+#include "library/Limits.h"
 #include "library/grid/Append.h"
 #include "library/prepare/Gs1.h"
 #include "library/prepare/Prepare.h"
@@ -15,6 +16,10 @@ namespace {
 struct Part {
   std::size_t begin, end;  // in the message
 };
+
+std::size_t ModulesOf(const Symbol& symbol) {
+  return static_cast<std::size_t>(symbol.width) * symbol.rows.size();
+}
 
 class Sharer {
  public:
@@ -119,15 +124,24 @@ class Sharer {
     Data data(message.begin() + static_cast<std::ptrdiff_t>(part.begin),
               message.begin() + static_cast<std::ptrdiff_t>(part.end));
     append.mark(index, count, settings, data);
-    return EncodePart(settings, std::move(data));
+    spend(kModulesPerCharacter * (data.size() + settings.format.size()));
+    Symbol symbol = EncodePart(settings, std::move(data));
+    spend(ModulesOf(symbol));
+    return symbol;
   }
+
+  void spend(std::size_t modules) {
+    spent += modules;
+    if (isSpent()) tooLong();
+  }
+  bool isSpent() const { return spent > kMaxGridModules; }
 
   // Nothing: too long.
   std::optional<Symbol> tryEncode(const Part& part, int index, int count) {
     try {
       return encode(part, index, count);
     } catch (const Error& error) {
-      if (error.code != BC_E_DATATOOLONG) throw;
+      if (error.code != BC_E_DATATOOLONG || isSpent()) throw;
       return std::nullopt;
     }
   }
@@ -138,6 +152,7 @@ class Sharer {
   const Symbology& symbology;
   Data message;
   Append append;
+  std::size_t spent = 0;  // of kMaxGridModules
 };
 
 }  // namespace
