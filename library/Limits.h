@@ -17,9 +17,9 @@ constexpr std::size_t kMaxFormatBytes = 16 * 1024;
 constexpr std::size_t kMaxTextBytes = 1024;
 
 // Modules of all symbols that are encoded for one grid, those included that only tell how much of
-// the message a symbol holds. Sixteen of the largest QR Codes take 2.4 million. BC_E_DATATOOLONG.
-constexpr std::size_t kMaxGridModules = 3'000'000;
-// What an encoder does for a character counts as so many modules: a try may yield no symbol.
+// the message a symbol holds. Sixteen of the largest QR Codes take 1.5 million. BC_E_DATATOOLONG.
+constexpr std::size_t kMaxGridModules = 5'000'000;
+// An encoder that finds the data too long has worked for every character as for so many modules.
 constexpr std::size_t kModulesPerCharacter = 10;
 
 }  // namespace Library

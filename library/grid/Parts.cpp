@@ -124,17 +124,10 @@ class Sharer {
     Data data(message.begin() + static_cast<std::ptrdiff_t>(part.begin),
               message.begin() + static_cast<std::ptrdiff_t>(part.end));
     append.mark(index, count, settings, data);
-    spend(kModulesPerCharacter * (data.size() + settings.format.size()));
     Symbol symbol = EncodePart(settings, std::move(data));
-    spend(ModulesOf(symbol));
+    spend(ModulesOf(symbol) + settings.format.size());
     return symbol;
   }
-
-  void spend(std::size_t modules) {
-    spent += modules;
-    if (isSpent()) tooLong();
-  }
-  bool isSpent() const { return spent > kMaxGridModules; }
 
   // Nothing: too long.
   std::optional<Symbol> tryEncode(const Part& part, int index, int count) {
@@ -142,9 +135,18 @@ class Sharer {
       return encode(part, index, count);
     } catch (const Error& error) {
       if (error.code != BC_E_DATATOOLONG || isSpent()) throw;
+      const auto held = static_cast<std::size_t>(symbology.maxLength);
+      spend(kModulesPerCharacter * std::min(part.end - part.begin, held) + settings.format.size());
       return std::nullopt;
     }
   }
+
+  // Counts what was encoded.
+  void spend(std::size_t modules) {
+    spent += modules;
+    if (isSpent()) tooLong();
+  }
+  bool isSpent() const { return spent > kMaxGridModules; }
 
   [[noreturn]] static void tooLong() { throw Error(BC_E_DATATOOLONG); }
 

@@ -170,6 +170,7 @@ class AztecEncoder {
     int size = kLastSize;
     while (Shape(size).wordBits() != wordBits) --size;
     if (!mayTry(size, least)) return std::nullopt;
+    if (least && !leavesEnough(Shape(size), *least / wordBits)) return std::nullopt;
     const Encoded symbol = encode(-1, size);
     if (symbol == nullptr) return std::nullopt;
     return dataWords(*symbol, size);
