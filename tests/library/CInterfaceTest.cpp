@@ -209,10 +209,17 @@ TEST_F(CInterface, ErrorTextsEndInABlankWhereThereIsMoreToSay) {
 TEST_F(CInterface, SettersRefuseWhatIsOutOfTheirRange) {
   const double kNan = std::numeric_limits<double>::quiet_NaN();
   const BCMargins fine = {1, 2, 3, 4}, nan = {1, 2, kNan, 4};
+  const std::string kLongest(131072, 'x'), kLonger = kLongest + 'x';
+  const char* const format = &kLongest[131072 - 16384];
+  const char* const font = &kLongest[131072 - 1024];
+  EXPECT_EQ(BCSetTextA(barcode, kLongest.data(), 131072), BC_OK);
+  EXPECT_EQ(BCSetTextA(barcode, kLonger.data(), 131073), BC_E_DATATOOLONG);
   const struct {
     const char* name;
     BCResult good, bad;
   } kRows[] = {
+      {"longest format", BCSetFormatA(barcode, format), BCSetFormatA(barcode, format - 1)},
+      {"longest text", BCSetFontNameA(barcode, font), BCSetFontNameA(barcode, font - 1)},
       {"text", BCSetTextA(barcode, "a\0b", 3), BCSetTextA(barcode, "a", -1)},
       {"type", BCSetBCType(barcode, 13), BCSetBCType(barcode, 9999)},
       {"number", BCSetModWidthA(barcode, "330.500000"), BCSetModWidthA(barcode, "330,5")},
