@@ -50,7 +50,8 @@ typedef struct {
 #define BC_E_NOTSUPPORTED ((BCResult)0x80070032u) /* known combination that cannot be made */
 #define BC_E_BUFFERTOOSMALL ((BCResult)0x8007007Au) /* the size argument holds the size needed */
 #define BC_E_MUSTFIT ((BCResult)0x8007006Fu)        /* must-fit is on and the symbol does not fit */
-#define BC_E_MODULENOTFOUND ((BCResult)0x8007007Eu) /* libzint, which encodes it, is not there */
+#define BC_E_MODULENOTFOUND \
+  ((BCResult)0x8007007Eu) /* libzint or zlib, which it needs, is missing */
 
 /* Session and information */
 BCResult BCInitLibraryA(const char* text); /* directory of the calling program, may be empty */

@@ -1,5 +1,4 @@
-// libzint, loaded when the first symbol is asked of it: most print jobs hold none, and finding it
-// and what it needs takes a tenth of the time of a small job.
+// libzint, loaded when the first symbol is asked of it.
 #pragma once
 
 #include <zint.h>
@@ -13,7 +12,7 @@ struct ZintLibrary {
 };
 
 // Throws Error with BC_E_MODULENOTFOUND where there is no libzint of the version that zint.h is of;
-// the next call tries again. It stays loaded.
+// the next call tries again.
 const ZintLibrary& Zint();
 
 }  // namespace Library
