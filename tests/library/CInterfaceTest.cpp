@@ -1,5 +1,6 @@
 // The C interface as its callers meet it: every function of the header, and the order of calls.
 #include "engine/library/vextorin9.h"
+#include "tests/support/Program.h"
 #include "tests/support/Run.h"
 #include "tests/support/TempFolder.h"
 
@@ -175,6 +176,29 @@ TEST(Session, IsNotNeededForVersionAndFiles) {
   EXPECT_EQ(FileExists(folder.file("none").c_str()), 0);
   EXPECT_EQ(FileExists(folder.path().c_str()), 0);
   EXPECT_EQ(FileExists(nullptr), 0);
+}
+
+TEST(MissingLibrary, IsAnErrorOfTheBarcodesThatNeedIt) {
+  const Support::TempFolder folder;  // where the loader looks first, and finds what is no library
+  std::string file = Support::ReadFile(VEXTORIN_LIBRARY_FILE);
+  for (const char* name : {"libzint.so.", "libz.so."}) {
+    const std::string found = file.substr(file.find(name));
+    folder.write(found.substr(0, found.find('"')), "");
+  }
+  const struct {
+    const char* settings;
+    bool needsIt;
+  } kRows[] = {{"barcode=20 data=1", false},
+               {"barcode=58 data=1", true},
+               {"barcode=20 data=1 compress=ZLIB", true}};
+  for (const auto& row : kRows) {
+    Support::Program program = Support::StandAlone(row.settings);
+    program.environment = {{"LD_LIBRARY_PATH", folder.path()}};
+    const Support::Program::Result result = program.run();
+    SCOPED_TRACE(result.errors);
+    EXPECT_EQ(result.errors.find("0x8007007e") != std::string::npos, row.needsIt);
+    EXPECT_EQ(result.output.starts_with("%!PS"), !row.needsIt);
+  }
 }
 
 std::string TextOf(BCResult code) {
