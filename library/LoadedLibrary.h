@@ -6,6 +6,8 @@
 
 #include <dlfcn.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 
 namespace Library {
@@ -30,25 +32,19 @@ class LoadedLibrary {
 };
 
 // What DT_NEEDED would say, for tools that find a package's dependencies: a note of the form that
-// the UAPI group's "ELF dlopen metadata" describes.
-template <unsigned textSize>
+// the UAPI group's "ELF dlopen metadata" describes. Belongs into the section .note.dlopen.
+template <std::size_t size>
 struct DlopenNote {
-  std::uint32_t nameSize, size, type;
+  std::uint32_t nameSize, textSize, type;
   char name[4];
-  char text[(textSize + 3) / 4 * 4];
+  char text[size];
 };
 
-#define LIBRARY_DLOPEN_JSON(soname, description)                 \
-  "[{\"soname\":[\"" soname "\"],\"description\":\"" description \
-  "\",\"priority\":\""                                           \
-  "required\"}]"
-#define LIBRARY_DLOPEN_NOTE(soname, description)                               \
-  [[gnu::used, gnu::section(".note.dlopen")]] alignas(                         \
-      4) constexpr DlopenNote<sizeof LIBRARY_DLOPEN_JSON(soname, description)> \
-      kDlopenNote = {4,                                                        \
-                     sizeof LIBRARY_DLOPEN_JSON(soname, description),          \
-                     0x407c0c0a,                                               \
-                     {'F', 'D', 'O'},                                          \
-                     LIBRARY_DLOPEN_JSON(soname, description)}
+template <std::size_t size>
+constexpr DlopenNote<size> NoteOf(const char (&json)[size]) {
+  DlopenNote<size> note = {4, size, 0x407c0c0a, {'F', 'D', 'O'}, {}};
+  std::copy(json, json + size, note.text);
+  return note;
+}
 
 }  // namespace Library

@@ -11,7 +11,9 @@
 namespace Library {
 namespace {
 
-LIBRARY_DLOPEN_NOTE(VEXTORIN_ZLIB_SONAME, "compressed data");
+[[gnu::used, gnu::section(".note.dlopen")]] alignas(4) constexpr auto kNote = NoteOf(
+    R"([{"soname":[")" VEXTORIN_ZLIB_SONAME R"("],"priority":"required",)"
+    R"("description":"compressed data"}])");
 
 struct Zlib {
   decltype(&deflateInit2_) begin;

@@ -5,7 +5,9 @@
 namespace Library {
 namespace {
 
-LIBRARY_DLOPEN_NOTE(VEXTORIN_ZINT_SONAME, "PDF417, QR Code, Data Matrix and Aztec Code");
+[[gnu::used, gnu::section(".note.dlopen")]] alignas(4) constexpr auto kNote = NoteOf(
+    R"([{"soname":[")" VEXTORIN_ZINT_SONAME R"("],"priority":"required",)"
+    R"("description":"PDF417, QR Code, Data Matrix and Aztec Code"}])");
 
 ZintLibrary Load() {
   const LoadedLibrary library(VEXTORIN_ZINT_SONAME);
