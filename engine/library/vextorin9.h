@@ -9,7 +9,8 @@
  *    leaves the object as it was.
  *  - A symbology setter takes the value that means "not set" (-1, or an empty text) as "use the
  *    default".
- *  - Texts are terminated byte strings unless a length goes with them; they are copied. A returned
+ *  - Texts are terminated byte strings unless a length goes with them; they are copied. They may
+ *    have 1,024 bytes, a format string 16,384; longer ones are out of range. A returned
  *    text belongs to the object and lives until the next call on it.
  *  - `int` used as a switch: 0 is off, anything else on. Lengths are thousandths of a millimetre.
  *  - Different objects may be used from different threads, one object from one thread at a time.
@@ -49,6 +50,8 @@ typedef struct {
 #define BC_E_NOTSUPPORTED ((BCResult)0x80070032u) /* known combination that cannot be made */
 #define BC_E_BUFFERTOOSMALL ((BCResult)0x8007007Au) /* the size argument holds the size needed */
 #define BC_E_MUSTFIT ((BCResult)0x8007006Fu)        /* must-fit is on and the symbol does not fit */
+#define BC_E_MODULENOTFOUND \
+  ((BCResult)0x8007007Eu) /* libzint or zlib, which it needs, is missing */
 
 /* Session and information */
 BCResult BCInitLibraryA(const char* text); /* directory of the calling program, may be empty */
@@ -78,7 +81,8 @@ int BCGet_CompSym_ErrorInCC(BCBarcode* b);   /* 1: the last error lies in the co
 
 /* General setters */
 BCResult BCSetBCType(BCBarcode* b, int type);
-BCResult BCSetTextA(BCBarcode* b, const char* data, int length); /* may hold zero bytes */
+/* may hold zero bytes; BC_E_DATATOOLONG for more than 131,072 */
+BCResult BCSetTextA(BCBarcode* b, const char* data, int length);
 BCResult BCSetCompression(BCBarcode* b, int algorithm); /* 0 none, 1 raw deflate, 2 gzip, 3 zlib */
 BCResult BCSetCDMethod(BCBarcode* b, int method);       /* check-digit method number */
 BCResult BCSetAutoCorrect(BCBarcode* b, int on);
@@ -185,7 +189,7 @@ BCResult BCSet_Aztec_AppendDataA(BCBarcode* b, char sum, char index, const char*
 /* GS1 DataBar Expanded Stacked */
 BCResult BCSet_RSS_SegmPerRow(BCBarcode* b, int segments);
 
-/* Grid of barcodes */
+/* Grid of barcodes: BC_E_DATATOOLONG for more than 1,000 symbols or about 2.5 million modules */
 BCResult BCSet_MultiBC_Enabled(BCBarcode* b, int on);
 BCResult BCSet_MultiBC_Rows(BCBarcode* b, int rows);
 BCResult BCSet_MultiBC_Columns(BCBarcode* b, int columns);

@@ -37,7 +37,7 @@ double ModuleWidth(const char* text, double standard) {
 }
 
 std::string Ratio(const char* text, const std::string& standard) {
-  std::string ratio = AnyText{}(text, standard);
+  std::string ratio = kText(text, standard);
   if (!ratio.empty() && ParseRatio(ratio).empty()) Reject();
   return ratio;
 }
@@ -82,6 +82,7 @@ BCResult BCSetBCType(BCBarcode* b, int type) {
 BCResult BCSetTextA(BCBarcode* b, const char* data, int length) {
   return Apply(b, [&](Options& options) {
     if (length < 0 || (!data && length > 0)) Reject();
+    if (length > kMaxDataBytes) throw Error(BC_E_DATATOOLONG);
     options.data = data ? std::string(data, static_cast<std::size_t>(length)) : std::string();
   });
 }
@@ -121,7 +122,7 @@ BCResult BCSetRatioA(BCBarcode* b, const char* ratio) {
   return Set(b, &Options::ratio, ratio, Ratio);
 }
 BCResult BCSetFormatA(BCBarcode* b, const char* format) {
-  return Set(b, &Options::format, format, AnyText{});
+  return Set(b, &Options::format, format, TextOfAtMost{kMaxFormatBytes});
 }
 BCResult BCSetDPI(BCBarcode* b, double x, double y) {
   return Arrange(b, [&](LayoutOptions& layout) {
@@ -163,7 +164,7 @@ BCResult BCSetFontHeight(BCBarcode* b, int points) {
   return Set(b, &Options::fontHeight, points, InRangeOrDefault{0, kMaxPoints});
 }
 BCResult BCSetFontNameA(BCBarcode* b, const char* name) {
-  return Set(b, &Options::fontName, name, AnyText{});
+  return Set(b, &Options::fontName, name, kText);
 }
 BCResult BCSetTextDist(BCBarcode* b, int32_t distance) {
   return Set(b, &Options::textDistance, distance, kLength);

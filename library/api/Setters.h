@@ -4,9 +4,11 @@
 // layout does not, for the symbol is laid out anew for every output.
 #pragma once
 
+#include "library/Limits.h"
 #include "library/api/Barcode.h"
 
 #include <cmath>
+#include <cstring>
 #include <string>
 
 namespace Library {
@@ -35,12 +37,15 @@ struct InRangeOrDefault {
   }
 };
 
-struct AnyText {
+struct TextOfAtMost {
+  std::size_t longest;
   std::string operator()(const char* text, const std::string&) const {
-    if (!text) Reject();
+    if (!text || strnlen(text, longest + 1) > longest) Reject();
     return text;
   }
 };
+
+constexpr TextOfAtMost kText{kMaxTextBytes};
 
 struct Switch {
   template <class Value>

@@ -14,7 +14,7 @@ constexpr double kMaxGridCells = 10000;
 
 // "rows:columns"; "auto" and an empty text leave it to the library.
 std::string RowColumnRatio(const char* text, const std::string& standard) {
-  const std::string ratio = AnyText{}(text, standard);
+  const std::string ratio = kText(text, standard);
   if (ratio.empty() || ratio == "auto") return standard;
   if (ParseRatio(ratio).size() != 2) Reject();
   return ratio;
@@ -82,16 +82,16 @@ BCResult BCSet_PDF417_SegLast(BCBarcode* b, int on) {
   return Set(b, &Options::pdf417, &Pdf417Options::segLast, on, Switch{});
 }
 BCResult BCSet_PDF417_FileIDA(BCBarcode* b, const char* id) {
-  return Set(b, &Options::pdf417, &Pdf417Options::fileId, id, AnyText{});
+  return Set(b, &Options::pdf417, &Pdf417Options::fileId, id, kText);
 }
 BCResult BCSet_PDF417_FileNameA(BCBarcode* b, const char* name) {
-  return Set(b, &Options::pdf417, &Pdf417Options::fileName, name, AnyText{});
+  return Set(b, &Options::pdf417, &Pdf417Options::fileName, name, kText);
 }
 BCResult BCSet_PDF417_SenderA(BCBarcode* b, const char* sender) {
-  return Set(b, &Options::pdf417, &Pdf417Options::sender, sender, AnyText{});
+  return Set(b, &Options::pdf417, &Pdf417Options::sender, sender, kText);
 }
 BCResult BCSet_PDF417_AddresseeA(BCBarcode* b, const char* addressee) {
-  return Set(b, &Options::pdf417, &Pdf417Options::addressee, addressee, AnyText{});
+  return Set(b, &Options::pdf417, &Pdf417Options::addressee, addressee, kText);
 }
 BCResult BCSet_MPDF417_Version(BCBarcode* b, int version) {
   return Set(b, &Options::pdf417, &Pdf417Options::microVersion, version, InRangeOrDefault{0, 34});
@@ -118,18 +118,16 @@ BCResult BCSet_Maxi_Append(BCBarcode* b, int sum, int index) {
 BCResult BCSet_Maxi_SCMA(BCBarcode* b, const char* service, const char* country,
                          const char* postal) {
   return Apply(b, [&](Options& options) {
-    if (!service || !country || !postal) Reject();
     MaxiOptions changed = options.maxi;
-    changed.service = service;
-    changed.country = country;
-    changed.postal = postal;
+    changed.service = kText(service, {});
+    changed.country = kText(country, {});
+    changed.postal = kText(postal, {});
     options.maxi = std::move(changed);
   });
 }
 BCResult BCSet_Maxi_UsePreambleA(BCBarcode* b, int on, const char* preamble) {
   return Apply(b, [&](Options& options) {
-    if (!preamble) Reject();
-    options.maxi.preamble = preamble;
+    options.maxi.preamble = kText(preamble, {});
     options.maxi.usePreamble = on != 0;
   });
 }
@@ -143,7 +141,7 @@ BCResult BCSet_QR_Format(BCBarcode* b, int format) {
   return Set(b, &Options::qr, &QrOptions::format, format, InRangeOrDefault{0, 2});
 }
 BCResult BCSet_QR_FmtAppIndicatorA(BCBarcode* b, const char* indicator) {
-  return Set(b, &Options::qr, &QrOptions::indicator, indicator, AnyText{});
+  return Set(b, &Options::qr, &QrOptions::indicator, indicator, kText);
 }
 BCResult BCSet_QR_ECLevel(BCBarcode* b, int level) {
   return Set(b, &Options::qr, &QrOptions::ecLevel, level, InRangeOrDefault{0, 3});
@@ -220,9 +218,8 @@ BCResult BCSet_Aztec_RuneMode(BCBarcode* b, int on) {
 }
 BCResult BCSet_Aztec_FormatA(BCBarcode* b, int format, const char* specifier) {
   return Apply(b, [&](Options& options) {
-    if (!specifier) Reject();
     const int checked = InRangeOrDefault{0, 2}(format, 0);
-    options.aztec.formatSpecifier = specifier;
+    options.aztec.formatSpecifier = kText(specifier, {});
     options.aztec.format = checked;
   });
 }
@@ -235,7 +232,7 @@ BCResult BCSet_Aztec_AppendActive(BCBarcode* b, int on) {
 BCResult BCSet_Aztec_AppendDataA(BCBarcode* b, char sum, char index, const char* messageId) {
   return Apply(b, [&](Options& options) {
     const char checkedSum = Letter{}(sum, 'A'), checkedIndex = Letter{}(index, 'A');
-    options.aztec.messageId = AnyText{}(messageId, {});
+    options.aztec.messageId = kText(messageId, {});
     options.aztec.appendSum = checkedSum;
     options.aztec.appendIndex = checkedIndex;
   });

@@ -1,6 +1,7 @@
 #include "library/grid/Parts.h"
 
 #include "library/Error.h"
+#include "library/Limits.h"
 #include "library/grid/Append.h"
 #include "library/prepare/Gs1.h"
 #include "library/prepare/Prepare.h"
@@ -15,6 +16,10 @@ namespace {
 struct Part {
   std::size_t begin, end;  // in the message
 };
+
+std::size_t ModulesOf(const Symbol& symbol) {
+  return static_cast<std::size_t>(symbol.width) * symbol.rows.size();
+}
 
 class Sharer {
  public:
@@ -119,7 +124,9 @@ class Sharer {
     Data data(message.begin() + static_cast<std::ptrdiff_t>(part.begin),
               message.begin() + static_cast<std::ptrdiff_t>(part.end));
     append.mark(index, count, settings, data);
-    return EncodePart(settings, std::move(data));
+    Symbol symbol = EncodePart(settings, std::move(data));
+    spend(ModulesOf(symbol) + settings.format.size());
+    return symbol;
   }
 
   // Nothing: too long.
@@ -127,10 +134,19 @@ class Sharer {
     try {
       return encode(part, index, count);
     } catch (const Error& error) {
-      if (error.code != BC_E_DATATOOLONG) throw;
+      if (error.code != BC_E_DATATOOLONG || isSpent()) throw;
+      const auto held = static_cast<std::size_t>(symbology.maxLength);
+      spend(kModulesPerCharacter * std::min(part.end - part.begin, held) + settings.format.size());
       return std::nullopt;
     }
   }
+
+  // Counts what was encoded.
+  void spend(std::size_t modules) {
+    spent += modules;
+    if (isSpent()) tooLong();
+  }
+  bool isSpent() const { return spent > kMaxGridModules; }
 
   [[noreturn]] static void tooLong() { throw Error(BC_E_DATATOOLONG); }
 
@@ -138,6 +154,7 @@ class Sharer {
   const Symbology& symbology;
   Data message;
   Append append;
+  std::size_t spent = 0;  // of kMaxGridModules
 };
 
 }  // namespace

@@ -50,9 +50,6 @@ struct Drawing {
   std::vector<Polygon> polygons;
   std::vector<Ring> rings;
   std::vector<TextRun> texts;
-
-  // One line a shape, for tests and debugging.
-  std::string dump() const;
 };
 
 }  // namespace Library

@@ -1,6 +1,7 @@
 #include "library/prepare/Compression.h"
 
 #include "library/Error.h"
+#include "library/LoadedLibrary.h"
 #include "library/prepare/Escapes.h"
 
 #include <zlib.h>
@@ -9,6 +10,23 @@
 
 namespace Library {
 namespace {
+
+[[gnu::used, gnu::section(".note.dlopen")]] alignas(4) constexpr auto kNote = NoteOf(
+    R"([{"soname":[")" VEXTORIN_ZLIB_SONAME R"("],"priority":"required",)"
+    R"("description":"compressed data"}])");
+
+struct Zlib {
+  decltype(&deflateInit2_) begin;
+  decltype(&deflate) run;
+  decltype(&deflateEnd) end;
+};
+
+Zlib LoadZlib() {
+  const LoadedLibrary library(VEXTORIN_ZLIB_SONAME);
+  return {library.find<decltype(Zlib::begin)>("deflateInit2_"),
+          library.find<decltype(Zlib::run)>("deflate"),
+          library.find<decltype(Zlib::end)>("deflateEnd")};
+}
 
 // zlib's window bits: negative for raw deflate, 16 more for a gzip wrapper, whose header zlib
 // writes without a time and a name.
@@ -25,19 +43,25 @@ int WindowBits(int algorithm) {
   }
 }
 
-struct Deflater {
+class Deflater {
+ public:
   explicit Deflater(int windowBits) {
     constexpr int kMemoryLevel = 9;
-    if (deflateInit2(&stream, Z_BEST_COMPRESSION, Z_DEFLATED, windowBits, kMemoryLevel,
-                     Z_DEFAULT_STRATEGY) != Z_OK) {
+    if (zlib.begin(&stream, Z_BEST_COMPRESSION, Z_DEFLATED, windowBits, kMemoryLevel,
+                   Z_DEFAULT_STRATEGY, ZLIB_VERSION, sizeof stream) != Z_OK) {
       throw Error(BC_E_OUTOFMEMORY);
     }
   }
-  ~Deflater() { deflateEnd(&stream); }
+  ~Deflater() { zlib.end(&stream); }
   Deflater(const Deflater&) = delete;
   Deflater& operator=(const Deflater&) = delete;
 
+  bool finish() { return zlib.run(&stream, Z_FINISH) == Z_STREAM_END; }
+
   z_stream stream{};
+
+ private:
+  const Zlib zlib = LoadZlib();
 };
 
 }  // namespace
@@ -52,7 +76,7 @@ Data Compress(const Data& data, int algorithm) {
   deflater.stream.avail_in = static_cast<uInt>(bytes.size());
   deflater.stream.next_out = reinterpret_cast<Bytef*>(packed.data());
   deflater.stream.avail_out = static_cast<uInt>(packed.size());
-  if (deflate(&deflater.stream, Z_FINISH) != Z_STREAM_END) throw Error(BC_E_OUTOFMEMORY);
+  if (!deflater.finish()) throw Error(BC_E_OUTOFMEMORY);
   packed.resize(deflater.stream.total_out);
 
   Data result = RawData(packed);

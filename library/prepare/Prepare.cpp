@@ -15,8 +15,11 @@ constexpr std::uint16_t kGroupSeparator = 0x1D;
 bool TakesFunctionCharacters(const Symbology& symbology, const Options& options) {
   return symbology.functionCharacters || TakesGs1(symbology, options);
 }
+// The number sign is in the set of one identifier alone, and not among the 82.
+constexpr CharacterSet kElementCharacters = kGs1Characters | CharacterSet::Of("#");
+
 const CharacterSet& CharactersOf(const Symbology& symbology, const Options& options) {
-  return TakesGs1(symbology, options) ? kGs1Characters : symbology.characters;
+  return TakesGs1(symbology, options) ? kElementCharacters : symbology.characters;
 }
 
 bool IsCheckDigitPlace(const DataCharacter& character) {

@@ -164,24 +164,36 @@ class AztecEncoder {
     return symbol;
   }
 
+  // How many words of so many bits the data take, in whatever size has them: read off the largest.
+  // None: they do not fit there.
+  std::optional<int> wordsOf(int wordBits, std::optional<int> least) const {
+    int size = kLastSize;
+    while (Shape(size).wordBits() != wordBits) --size;
+    if (!mayTry(size, least)) return std::nullopt;
+    if (least && !leavesEnough(Shape(size), *least / wordBits)) return std::nullopt;
+    const Encoded symbol = encode(-1, size);
+    if (symbol == nullptr) return std::nullopt;
+    return dataWords(*symbol, size);
+  }
+
+  bool leavesEnough(const Shape& shape, int words) const {
+    const int check = shape.words() - words;
+    return check >= kMinCheckWords && check * 100 >= options.errorCorrection * shape.words();
+  }
+
   // The first size, from the smallest, whose words leave the percentage asked for.
   Encoded searched() const {
     const std::optional<int> least = leastBits();
+    int wordBits = 0;
+    std::optional<int> words;
     for (int size = 1; size <= kLastSize; ++size) {
       // A compact symbol of the same width holds more.
       if (size > kLastCompact && size < kAboveCompact) continue;
       const Shape shape(size);
-      if (!mayTry(size, least)) continue;
-      const int measured = size == kLastCompact ? kAboveCompact : size;
-      Encoded symbol = encode(-1, size);
-      if (symbol == nullptr) continue;
-      const Encoded other = measured == size ? nullptr : encode(-1, measured);
-      const int words = dataWords(other == nullptr ? *symbol : *other, measured);
-      if (size == kLastCompact && words > kMaxCompactWords) continue;
-      const int check = shape.words() - words;
-      if (check >= kMinCheckWords && check * 100 >= options.errorCorrection * shape.words()) {
-        return symbol;
-      }
+      if (shape.wordBits() != wordBits) words = wordsOf(wordBits = shape.wordBits(), least);
+      if (!words || !leavesEnough(shape, *words) || !mayTry(size, least)) continue;
+      if (size == kLastCompact && *words > kMaxCompactWords) continue;
+      if (Encoded symbol = encode(-1, size)) return symbol;
     }
     throw Error(BC_E_DATATOOLONG);
   }

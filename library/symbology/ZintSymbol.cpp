@@ -69,7 +69,7 @@ std::vector<int> Runs(const unsigned char* modules, int width) {
 
 }  // namespace
 
-ZintSymbol::ZintSymbol(int symbology) : symbol(ZBarcode_Create()) {
+ZintSymbol::ZintSymbol(int symbology) : symbol(Zint().create()) {
   if (symbol == nullptr) throw Error(BC_E_OUTOFMEMORY);
   symbol->symbology = symbology;
   symbol->input_mode = DATA_MODE;
@@ -77,8 +77,8 @@ ZintSymbol::ZintSymbol(int symbology) : symbol(ZBarcode_Create()) {
 
 bool ZintSymbol::tryEncode(std::string_view data, BCResult overridden) {
   const int asked = symbol->symbology;
-  const int result = ZBarcode_Encode(symbol, reinterpret_cast<const unsigned char*>(data.data()),
-                                     static_cast<int>(data.size()));
+  const int result = Zint().encode(symbol, reinterpret_cast<const unsigned char*>(data.data()),
+                                   static_cast<int>(data.size()));
   if (result == ZINT_ERROR_TOO_LONG) return false;
   const bool good = result == 0 || result == ZINT_WARN_NONCOMPLIANT;
   if (!good) ThrowFor(result, overridden);

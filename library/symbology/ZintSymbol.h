@@ -5,8 +5,7 @@
 
 #include "engine/library/vextorin9.h"
 #include "library/symbology/Symbol.h"
-
-#include <zint.h>
+#include "library/symbology/ZintLibrary.h"
 
 #include <string_view>
 
@@ -17,7 +16,7 @@ struct EncoderInput;
 class ZintSymbol {
  public:
   explicit ZintSymbol(int symbology);  // libzint's number; bytes are encoded as they are
-  ~ZintSymbol() { ZBarcode_Delete(symbol); }
+  ~ZintSymbol() { Zint().destroy(symbol); }
   ZintSymbol(const ZintSymbol&) = delete;
   ZintSymbol& operator=(const ZintSymbol&) = delete;
 

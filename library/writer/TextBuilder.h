@@ -16,25 +16,29 @@ class TextBuilder {
   // Ends the line.
   void line(std::string_view text) {
     endLine();
-    out += text;
-    out += '\n';
+    append(text);
+    endLine();
   }
 
   TextBuilder& operator<<(std::string_view word) {
     if (!atLineStart()) {
-      const bool full = out.size() - lineStart() + word.size() >= kLineLength;
-      out += full ? '\n' : ' ';
+      const bool full = out.size() - lineStart + word.size() >= kLineLength;
+      append(full ? "\n" : " ");
     }
-    out += word;
+    append(word);
     return *this;
   }
   TextBuilder& operator<<(const char* word) { return *this << std::string_view(word); }
-  TextBuilder& operator<<(std::integral auto number) { return *this << digits(number); }
-  TextBuilder& operator<<(double number) { return *this << digits(number); }
+  TextBuilder& operator<<(std::integral auto number) {
+    char digits[24];
+    const char* const end = std::to_chars(digits, digits + sizeof digits, number).ptr;
+    return *this << std::string_view(digits, end);
+  }
+  TextBuilder& operator<<(double number) { return *this << decimal(number); }
   TextBuilder& operator<<(const Point& p) { return *this << p.x << p.y; }
 
   void endLine() {
-    if (!atLineStart()) out += '\n';
+    if (!atLineStart()) append("\n");
   }
 
   std::string finish() {
@@ -55,19 +59,15 @@ class TextBuilder {
  private:
   static constexpr std::size_t kLineLength = 100;
 
-  static std::string digits(std::integral auto number) {
-    char text[24];
-    return {text, std::to_chars(text, text + sizeof text, number).ptr};
+  void append(std::string_view text) {
+    const std::size_t end = text.rfind('\n');
+    if (end != text.npos) lineStart = out.size() + end + 1;
+    out += text;
   }
-  static std::string digits(double number) { return decimal(number); }
-
-  bool atLineStart() const { return out.empty() || out.back() == '\n'; }
-  std::size_t lineStart() const {
-    const std::size_t end = out.rfind('\n');
-    return end == std::string::npos ? 0 : end + 1;
-  }
+  bool atLineStart() const { return lineStart == out.size(); }
 
   std::string out;
+  std::size_t lineStart = 0;
 };
 
 }  // namespace Library

@@ -1,5 +1,6 @@
 // The C interface as its callers meet it: every function of the header, and the order of calls.
 #include "engine/library/vextorin9.h"
+#include "tests/support/Program.h"
 #include "tests/support/Run.h"
 #include "tests/support/TempFolder.h"
 
@@ -177,6 +178,29 @@ TEST(Session, IsNotNeededForVersionAndFiles) {
   EXPECT_EQ(FileExists(nullptr), 0);
 }
 
+TEST(MissingLibrary, IsAnErrorOfTheBarcodesThatNeedIt) {
+  const Support::TempFolder folder;  // where the loader looks first, and finds what is no library
+  std::string file = Support::ReadFile(VEXTORIN_LIBRARY_FILE);
+  for (const char* name : {"libzint.so.", "libz.so."}) {
+    const std::string found = file.substr(file.find(name));
+    folder.write(found.substr(0, found.find('"')), "");
+  }
+  const struct {
+    const char* settings;
+    bool needsIt;
+  } kRows[] = {{"barcode=20 data=1", false},
+               {"barcode=58 data=1", true},
+               {"barcode=20 data=1 compress=ZLIB", true}};
+  for (const auto& row : kRows) {
+    Support::Program program = Support::StandAlone(row.settings);
+    program.environment = {{"LD_LIBRARY_PATH", folder.path()}};
+    const Support::Program::Result result = program.run();
+    SCOPED_TRACE(result.errors);
+    EXPECT_EQ(result.errors.find("0x8007007e") != std::string::npos, row.needsIt);
+    EXPECT_EQ(result.output.starts_with("%!PS"), !row.needsIt);
+  }
+}
+
 std::string TextOf(BCResult code) {
   char buffer[71] = {};
   BCGetErrorTextA(code, buffer, 70);
@@ -209,10 +233,17 @@ TEST_F(CInterface, ErrorTextsEndInABlankWhereThereIsMoreToSay) {
 TEST_F(CInterface, SettersRefuseWhatIsOutOfTheirRange) {
   const double kNan = std::numeric_limits<double>::quiet_NaN();
   const BCMargins fine = {1, 2, 3, 4}, nan = {1, 2, kNan, 4};
+  const std::string kLongest(131072, 'x'), kLonger = kLongest + 'x';
+  const char* const format = &kLongest[131072 - 16384];
+  const char* const font = &kLongest[131072 - 1024];
+  EXPECT_EQ(BCSetTextA(barcode, kLongest.data(), 131072), BC_OK);
+  EXPECT_EQ(BCSetTextA(barcode, kLonger.data(), 131073), BC_E_DATATOOLONG);
   const struct {
     const char* name;
     BCResult good, bad;
   } kRows[] = {
+      {"longest format", BCSetFormatA(barcode, format), BCSetFormatA(barcode, format - 1)},
+      {"longest text", BCSetFontNameA(barcode, font), BCSetFontNameA(barcode, font - 1)},
       {"text", BCSetTextA(barcode, "a\0b", 3), BCSetTextA(barcode, "a", -1)},
       {"type", BCSetBCType(barcode, 13), BCSetBCType(barcode, 9999)},
       {"number", BCSetModWidthA(barcode, "330.500000"), BCSetModWidthA(barcode, "330,5")},

@@ -90,6 +90,7 @@ TEST(GridParts, ReadAsTheyWereSharedOut) {
 TEST(GridParts, HoldAsMuchAsTheTypeDoes) {
   const std::string binary = Text(3000, "\x01\x7F\x80\xFF");
   for (const auto& [type, data, count] : {std::tuple{kQrCode, Text(7000), 3},
+                                          {kQrCode, Text(16 * 5596, "0123456789"), 16},
                                           {kDataMatrix, binary, 2},
                                           {kPdf417, Text(3000, "aB3;"), 4},
                                           {kAztec, binary, 2},
@@ -115,6 +116,9 @@ TEST(GridParts, ThatCannotBeMadeAreRefused) {
        {BC_E_NOTSUPPORTED}},
       {"17 QR Codes", GridOf(kQrCode, Text(17), 1, append(kStandard)), {BC_E_DATATOOLONG}},
       {"100 with a header", GridOf(kQrCode, Text(100), 1, append(kOwn)), {BC_E_DATATOOLONG}},
+      {"work without end: 100 symbols of 31,329 modules",
+       GridOf(kQrCode, Text(100), 1, [](Options& o) { o.qr.version = 40; }),
+       {BC_E_DATATOOLONG}},
       {"a job's worth of data", GridOf(kQrCode, Text(20 << 20), 1), {BC_E_DATATOOLONG}},
       {"an element longer than the limit",
        GridOf(kGs1128, "(10)ABCDEFGH(21)1", 5),

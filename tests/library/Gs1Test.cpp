@@ -1,6 +1,9 @@
+#include "library/symbology/ZintLibrary.h"
 #include "tests/library/ScanSymbol.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 namespace {
 
@@ -10,7 +13,110 @@ Library::Options Gs1Options(const std::string& data) {
   return options;
 }
 
+// What libzint's own table of identifiers makes of an element string, as a Data Matrix.
+struct Verified {
+  std::string complaint;  // empty: none
+  std::vector<std::string> rows;
+};
+
+Verified VerifiedByZint(std::string data) {
+  std::replace(data.begin(), data.end(), '(', '[');
+  std::replace(data.begin(), data.end(), ')', ']');
+  zint_symbol* const symbol = Library::Zint().create();
+  symbol->symbology = BARCODE_DATAMATRIX;
+  symbol->input_mode = GS1_MODE;
+  symbol->option_3 = DM_SQUARE;
+  Library::Zint().encode(symbol, reinterpret_cast<const unsigned char*>(data.data()),
+                         static_cast<int>(data.size()));
+  Verified verified{symbol->errtxt, {}};
+  for (int row = 0; row < symbol->rows; ++row) {
+    verified.rows.emplace_back();
+    for (int column = 0; column < symbol->width; ++column) {
+      const bool dark = symbol->encoded_data[row][column / 8] >> column % 8 & 1;
+      verified.rows.back() += dark ? '#' : ' ';
+    }
+  }
+  Library::Zint().destroy(symbol);
+  return verified;
+}
+
+Library::Options Gs1DataMatrix(const std::string& data) {
+  Library::Options options = OptionsFor(71, data);
+  options.dataMatrix.format = 1;
+  return options;
+}
+
+std::vector<std::string> Rows(const Library::Symbol& symbol) {
+  std::vector<std::string> rows;
+  for (const Library::SymbolRow& row : symbol.rows) {
+    rows.emplace_back();
+    char module = '#';
+    for (const int run : row.runs) {
+      rows.back().append(static_cast<std::size_t>(run), module);
+      module = module == '#' ? ' ' : '#';
+    }
+  }
+  return rows;
+}
+
+bool Has(const std::string& text, const char* part) {
+  return text.find(part) != std::string::npos;
+}
+
+// All digits; check digits are right in the one and dates in the other.
+std::string Zeros(std::size_t length) {
+  return std::string(length, '0');
+}
+std::string OnesAndZeros(std::size_t length) {
+  std::string digits = Zeros(length);
+  for (std::size_t i = 0; i < length; i += 2) digits[i] = '1';
+  return digits;
+}
+
 }  // namespace
+
+// libzint refuses more (countries, currencies, account numbers), never less.
+TEST(Gs1, IdentifiersTakeWhatLibzintsTableSays) {
+  const auto accepts = [](const std::string& data) {
+    return RefusalOf(Gs1DataMatrix(data)).code == BC_OK;
+  };
+  int identifiers = 0;
+  for (int number = 0; number < 11100; ++number) {
+    std::string digits = std::to_string(number < 100    ? 100 + number
+                                        : number < 1100 ? 1000 + number - 100
+                                                        : 10000 + number - 1100);
+    digits.erase(0, 1);
+    // libzint reads identifiers as numbers.
+    if (digits.size() > 2 && digits[0] == '0') continue;
+    const std::string identifier = '(' + digits + ')';
+    SCOPED_TRACE(identifier);
+    if (Has(VerifiedByZint(identifier + "0").complaint, "Invalid AI")) continue;
+    ++identifiers;
+    for (std::size_t length = 1; length <= 91; ++length) {
+      const std::string zeros = identifier + Zeros(length);
+      const std::string dates = identifier + OnesAndZeros(length);
+      const std::string good = accepts(zeros) ? zeros : accepts(dates) ? dates : "";
+      // A warning tells a rule for the content.
+      const bool fits = !Has(VerifiedByZint(zeros).complaint, "Error 259");
+      ASSERT_EQ(!good.empty(), fits) << length;
+      if (good.empty() && length > 20) break;
+      if (good.empty()) continue;
+      const Verified two = VerifiedByZint(good + "(91)A");
+      // libzint puts no separator behind 235.
+      if (two.complaint.empty() && number != 100 + 235) {
+        ASSERT_EQ(Rows(Library::Encode(Gs1DataMatrix(good + "(91)A"))), two.rows) << good;
+      }
+      if (length % 5 != 0) continue;
+      for (const char last : {'a', 'A', '!', '-', '_', '#', '%', '/', '1'}) {
+        const std::string data = good.substr(0, good.size() - 1) + last;
+        const std::string complaint = VerifiedByZint(data).complaint;
+        const bool wrongCharacter = Has(complaint, "CSET") || Has(complaint, "Non-numeric ch");
+        ASSERT_FALSE(accepts(data) ? wrongCharacter : complaint.empty()) << data << complaint;
+      }
+    }
+  }
+  EXPECT_GT(identifiers, 400);
+}
 
 TEST(Gs1, ElementStringsAreEncodedAndShown) {
   // Scanned data: FNC1 between fields is transmitted as GS.
@@ -43,6 +149,7 @@ TEST(Gs1, ElementStringsAreEncodedAndShown) {
        "(10)ABC(21)5"},
       {"05unknown", "05unknown", "05unknown"},
       {"(253)4006381333931X1", "2534006381333931X1", "(253)4006381333931X1"},
+      {"(8010)AB#1-/", "8010AB#1-/", "(8010)AB#1-/"},
   };
   for (const auto& row : cases) {
     SCOPED_TRACE(row.data);

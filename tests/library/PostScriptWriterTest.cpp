@@ -3,6 +3,7 @@
 #include "library/writer/PostScriptWriter.h"
 #include "tests/library/ScanSymbol.h"
 #include "tests/support/Render.h"
+#include "tests/support/Run.h"
 
 #include <gtest/gtest.h>
 
@@ -307,6 +308,41 @@ TEST(TextFonts, HaveTheLettersOfLatin1) {
   EXPECT_LT(inkOf("-"), inkOf("+"));
   // The hyphen beside a letter of Latin-1 is still a hyphen, not a minus.
   EXPECT_EQ(inkOf("-\xA0"), inkOf("-"));
+}
+
+// All letters of a page without the blanks between them, as Ghostscript finds them: UTF-8.
+std::string ReadBack(const std::string& job) {
+  std::string text =
+      Support::Run(
+          {.arguments = {"gs", "-q", "-dSAFER", "-sDEVICE=txtwrite", "-o", "-", "-"}, .input = job})
+          .output;
+  std::erase_if(text, [](char c) { return c == ' ' || c == '\n' || c == '\r'; });
+  return text;
+}
+
+TEST(TextUnderBars, ReadsAsItsData) {
+  const struct {
+    int type, rotation;
+    const char *data, *font, *text;
+  } kRows[] = {
+      {20, 0, "Hello World 123", "", "HelloWorld123"},
+      {20, 2, "\\(It's) <\xC4\xE9-`>", "Courier", "\\(It's)<\u00C4\u00E9-`>"},
+      {20, 0, "No such font", "Nowhere Bold", "Nosuchfont"},
+      {16, 2, "(01)09501101530003(10)ABC", "Times", "(01)09501101530003(10)ABC"},
+      {13, 0, "400638133393", "", "4006381333931"},
+      {34, 0, "03600029145", "Arial", "036000291452"},
+      {3, 0, "123", "", "0123"},
+      {58, 0, "matrix", "Times-BoldItalic", "matrix"},
+  };
+  for (const auto& row : kRows) {
+    SCOPED_TRACE(row.data);
+    Options options = OptionsFor(row.type, row.data);
+    options.printText = 1;
+    options.fontName = row.font;
+    options.rotation = row.rotation;
+    const Drawing drawing = LayOut(Encode(options), options, {0, 40000, 70000, 0});
+    EXPECT_EQ(ReadBack(PostScriptWriter(true).write(drawing)), row.text);
+  }
 }
 
 TEST(Output, IsSmall) {

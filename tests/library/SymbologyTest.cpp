@@ -91,7 +91,8 @@ TEST(SymbologyOptions, ShapeTheSymbol) {
     int rows, width;
   } cases[] = {
       {"PDF417 both", 55, [](Options& o) { o.pdf417.rows = 12, o.pdf417.columns = 4; }, 12, 137},
-      {"PDF417 ratio", 55, [](Options& o) { o.pdf417.ratio = "1:1"; }, 4, 154},
+      {"PDF417 ratio, upright", 55, [](Options& o) { o.pdf417.ratio = "3:2"; }, 5, 137},
+      {"PDF417 ratio, flat", 55, [](Options& o) { o.pdf417.ratio = "1:6"; }, 3, 256},
       {"QR version", 58, [](Options& o) { o.qr.version = 7; }, 45, 45},
       {"Data Matrix square", 71, [](Options&) {}, 16, 16},
       {"Data Matrix rectangle", 71, [](Options& o) { o.dataMatrix.rectangular = true; }, 12, 26},
