@@ -185,6 +185,13 @@ TEST(Embedding, ReadsTheOptionsOfRawSequencesInPostScriptStrings) {
       {"$_vxrs --data=<4142> $_vxre", "BCSetTextA(b1, \"AB\", 2)"},
       {"$_vxrs --data=" + Ascii85String("ABC") + " $_vxre", "BCSetTextA(b1, \"ABC\", 3)"},
       {"$_vxrs --data=AB $_vxre", "BCSetTextA(b1, \"AB\", 2)"},
+      {"$_vxrs /data(A B) $_vxre", "BCSetTextA(b1, \"A B\", 3)"},
+      {"$_vxrs /barcode(8)\n/data\t<4142> $_vxre", "BCSetTextA(b1, \"AB\", 2)"},
+      {"$_vxrs --data (A B) $_vxre", "BCSetTextA(b1, \"A B\", 3)"},
+      {"$_vxrs -d(A B) $_vxre", "BCSetTextA(b1, \"A B\", 3)"},
+      {"$_vxrs --data=\"(A)\" --font=\"<<\" $_vxre", "BCSetTextA(b1, \"(A)\", 3)"},
+      {"$_vxrs --data=<< $_vxre", "BCSetTextA(b1, \"<<\", 2)"},
+      {"$_vxrs --data=1(2 $_vxre", "BCSetTextA(b1, \"1(2\", 3)"},
       // The parts of a split sequence are joined by a blank; --data takes the first word.
       {"($_vxrs --data=) show (12) show (--height=5 $_vxre) show", "BCSetTextA(b1, \"12\", 2)"},
   };
