@@ -1,16 +1,17 @@
+#include "filter/v1/Version1.h"
 #include "parser/StringParser.h"
+#include "settings/AppSettings.h"
 #include "settings/ApplicationPath.h"
 #include "settings/HelpText.h"
 #include "settings/UsageText.h"
 #include "settings/Values.h"
-#include "tests/program/OptionExpectations.h"
+#include "tests/program/Observed.h"
 #include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <map>
-#include <set>
 
 namespace {
 
@@ -42,52 +43,20 @@ TEST(BarcodeDump, OfAFreshRecordListsTheDefaultsByGroup) {
             "\n  ----- RSS Expanded Stacked options: ----|-1");
 }
 
-TEST(BarcodeDump, ShowsEveryOptionOnALineOfItsOwn) {
-  std::set<std::string> changing;
-  for (const auto& row : ExpectedBarcodeOptions()) {
-    const std::string name = row.names.substr(0, row.names.find(' '));
-    for (const auto& [text, value] : row.values.good) {
-      SCOPED_TRACE(name + "=" + text);
-      BarcodeSettings settings;
-      Parser::StringParser parser("--" + name + (row.isFlag() ? "" : "=\"" + text + "\""));
-      ASSERT_EQ(settings.readOptions(parser), Diag::kSuccess);
-      if (name == "imageformat") settings.format = Settings::kFormatNotSet;
-      for (const std::string& line : Changes(settings)) {
-        EXPECT_TRUE(line.ends_with(" = " + value)) << line;
-        changing.insert(name);
-      }
-    }
-    // That of "multiple" isn't shown.
-    EXPECT_EQ(changing.contains(name), name != "multiple") << name;
-  }
-}
-
-TEST(UsageText, FitsATerminalAndHasItsFixedSize) {
-  EXPECT_EQ(Settings::kUsageText.size(), 1066u);
-  const Texts lines = Split(Settings::kUsageText, '\n');
-  EXPECT_EQ(lines[0], "Usage: vextorin job user title copies options [filename]");
-  for (const std::string& line : lines) EXPECT_LE(line.size(), 80u) << line;
-}
-
-TEST(HelpText, NamesEveryOptionWithItsDescriptionInThe29thColumn) {
-  const std::string help(Settings::kHelpText);
-  EXPECT_EQ(help.size(), 11244u);
-  for (const auto& row : ExpectedBarcodeOptions()) {
-    Texts names = Split(row.names, ' ');
-    EXPECT_NE(help.find("--" + names[0] + (row.isFlag() ? "" : "=")), std::string::npos);
-    names.erase(names.begin());
-    for (const std::string& name : names) {
-      const std::string shown = name.size() == 1 ? "  -" + name + ", --" : ", --" + name;
-      EXPECT_NE(help.find(shown), std::string::npos) << name;
-    }
-  }
-  bool inOptions = false;
-  for (const std::string& line : Split(help, '\n')) {
-    inOptions = line != "Examples:" && (inOptions || line == "General options:");
-    if (!inOptions || !line.starts_with(' ') || line.ends_with("--72dpiraster")) continue;
-    ASSERT_GT(line.size(), 28u) << line;
-    EXPECT_TRUE(line[27] == ' ' && line[28] != ' ') << line;
-    EXPECT_LE(line.size(), 80u) << line;
+// Scripts compare these texts whole.
+TEST(FixedTexts, AreTheDocumentedOnes) {
+  const struct {
+    std::string text;
+    std::size_t size;
+    std::uint32_t checksum;  // FNV-1a
+  } kRows[] = {{std::string(Settings::kUsageText), 1066, 2639480231},
+               {std::string(Settings::kHelpText), 11244, 3770324057},
+               {Filter::Version1Help(), 3844, 1484668666}};
+  for (const auto& row : kRows) {
+    std::uint32_t checksum = 2166136261u;
+    for (const char c : row.text) checksum = (checksum ^ static_cast<unsigned char>(c)) * 16777619u;
+    EXPECT_EQ(row.text.size(), row.size);
+    EXPECT_EQ(checksum, row.checksum) << row.text;
   }
 }
 
@@ -220,19 +189,6 @@ TEST_F(ConfigurationFile, WithHelpOptionsIsStillAppliedWhole) {
   const std::string version = testing::internal::GetCapturedStdout();
   EXPECT_TRUE(version.starts_with("Vextorin Version 1.0.0, Rev. ")) << version;
   EXPECT_TRUE(version.ends_with("\nCompilation options: --enable-libvextorin \n\n")) << version;
-}
-
-TEST_F(ConfigurationFile, IsListedInTheLogWithAllSettings) {
-  settings.iniFile = "x.conf";
-  settings.pclReset = true;
-  EXPECT_EQ(settings.printSettings(),
-            "Application settings: \nMemorySize = 65536\nOutputFile = \nGlobal x offset = 0\n"
-            "Global y offset = 0\nFilter Flag = 0\nStream Type = 0\n"
-            "Begin of Escape Sequence = $_vxrs\nEnd of Escape Sequence = $_vxre\n"
-            "Insert Mode = 0\nInsert Pattern = \nPCL Reset = 1\nSAP Flag = 0\n"
-            "Orvella Flag = 0\nv1format Flag = 0\nIgnore Barcode Error Flag = 0\n"
-            "Ignore No Data Flag = 0\nErrorFile = vextorin_error.txt\nIniFile = x.conf\n"
-            "Filter Line-by-Line Flag = 0");
 }
 
 TEST(ApplicationDirectory, HoldsTheRunningProgram) {

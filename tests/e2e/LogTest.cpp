@@ -1,0 +1,125 @@
+// The log of a run: what it shows, and where it goes. The run is that of the shipped example of a
+// configuration, which sets every option once.
+#include "settings/AppOptions.h"
+#include "settings/BarcodeOptions.h"
+#include "settings/Values.h"
+#include "tests/support/Program.h"
+#include "tests/support/Render.h"
+#include "tests/support/TempFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
+
+namespace {
+
+using namespace Support;
+
+Lines ExampleLines() {
+  Lines lines;
+  for (const std::string& line : Split(ReadFile(VEXTORIN_EVERY_OPTION))) {
+    if (!line.empty() && line.front() != '#') lines.push_back(line);
+  }
+  return lines;
+}
+
+template <class Table>
+void ExpectAllSet(const Table& table, const std::set<std::string>& names,
+                  const std::set<std::string>& elsewhere) {
+  for (const auto& option : table) {
+    const std::string name(option.name);
+    EXPECT_EQ(names.count(name) + elsewhere.count(name), 1U) << name;
+  }
+}
+
+TEST(EveryOptionExample, SetsEachOptionOnce) {
+  std::set<std::string> names;
+  for (const std::string& line : ExampleLines()) {
+    EXPECT_TRUE(names.insert(line.substr(0, line.find('='))).second) << line;
+  }
+  ExpectAllSet(Settings::AppOptions(), names,
+               {"filter", "output", "inifile", "errorfile", "syslog", "nostderr", "help",
+                "shorthelp", "version", "morehelp", "barcodesettings"});
+  ExpectAllSet(Settings::BarcodeOptions(), names,
+               {"datafile", "bcfile", "dravlindefaults", "PDFauto"});
+}
+
+TEST(EveryOptionExample, DrawsItsBarcode) {
+  const Rendering rendering =
+      Render("%!PS\n" + Program{.settings = ExampleLines()}.run().output + " showpage\n", 72);
+  EXPECT_EQ(rendering.messages, "");
+  ASSERT_EQ(rendering.pages.size(), 1U);
+  EXPECT_NE(std::ranges::count(rendering.pages[0].gray, 0), 0);
+}
+
+TEST(Log, ShowsEverySettingAndEveryStepOfARun) {
+  const Program::Result result = Recorded({.settings = ExampleLines()}).run();
+  const std::string program = VEXTORIN_PROGRAM;
+  const std::size_t path = result.errors.find("\nIniFile = ") + 11;
+  std::string log = result.errors;
+  Settings::ReplaceAll(
+      log, result.errors.substr(path, result.errors.find("/test.ini", path) - path), "{folder}");
+  Settings::ReplaceAll(log, program.substr(0, program.rfind('/')), "{program folder}");
+  const Lines expected = Split(ReadFile(VEXTORIN_EVERY_OPTION_LOG)), lines = Split(log);
+  EXPECT_EQ(lines.size(), expected.size());
+  for (std::size_t i = 0; i < std::min(lines.size(), expected.size()); ++i)
+    ASSERT_EQ(lines[i], expected[i]) << "line " << i + 1;
+  EXPECT_EQ(result.output, kDrawing);
+}
+
+TEST(Log, GoesWhereItsOptionsSay) {
+  const TempFolder folder;
+  const std::string reason =
+      "Error code: 0x80070057 - Error Message: Invalid argument. Unsupported barcode or syntax "
+      "error.";
+  const struct {
+    const char* tag;
+    int priority;
+    std::string name, text;
+  } kLines[] = {
+      {"INFO: ", 14, "vextorin: ", "Info: Library initialized."},
+      {"INFO: ", 14,
+       "vextorin: ", "Info: Creating barcode with settings from command line arguments."},
+      {"INFO: ", 14, "vextorin: ", "Info: Generating barcode... "},
+      {"ERROR: ", 11, "vextorin: ", "Error: Couldn't set barcode data to 1%s."},
+      {"ERROR: ", 11, "", reason},
+      {"WARNING: ", 12, "vextorin: ", "Warning: Couldn't deinitalize library."},
+      {"WARNING: ", 12, "", reason},
+  };
+  std::string onStderr, inFile;
+  Lines inSystemLog = {"closelog()", "openlog(\"vextorin\", 1, 8)"};  // with process id, of a user
+  for (const auto& line : kLines) {
+    onStderr += line.tag + line.name + line.text + '\n';
+    inFile += line.name + line.text + '\n';
+    inSystemLog.push_back("syslog(" + std::to_string(line.priority) + ", \"" + line.text + "\")");
+  }
+  inSystemLog.push_back("closelog()");
+  const std::string file = folder.file("errors.txt");
+  const struct {
+    std::string settings, errors, file;
+    bool systemLog;
+  } rows[] = {
+      {"", onStderr, "", false},
+      {"syslog nostderr", "", "", true},
+      {"errorfile=" + file, onStderr, inFile, false},
+      {"errorfile=" + file + " syslog nostderr", "", inFile + inFile, true},
+      {"errorfile=/nowhere/error.txt",
+       "Couldn't open error file.\nError message:No such file or directory\n" + onStderr,
+       inFile + inFile, false},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.settings);
+    Program::Result result =
+        Recorded(StandAlone("data=1%s trace=info " + row.settings),
+                 {{"VX_STANDIN_FAIL", "BCSetTextA=80070057,BCDeInitLibrary=80070057"}})
+            .run();
+    EXPECT_EQ(result.errors, row.errors);
+    EXPECT_EQ(ReadFile(file), row.file);
+    std::erase_if(result.calls,
+                  [](const std::string& call) { return call.find("log(") == call.npos; });
+    EXPECT_EQ(result.calls, row.systemLog ? inSystemLog : Lines{});
+  }
+}
+
+}  // namespace
