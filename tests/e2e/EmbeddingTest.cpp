@@ -95,6 +95,8 @@ TEST(Embedding, FindsEverySequenceInEveryFormOfString) {
        {"nested parentheses", "", "(((" + kSequence + ")x)) show\n",
         kBarcode + "(\\(\\(" + kBlanked + "\\)x\\)) show\n"},
        {"split", "", split + " y) show\n", kBarcode + joined + " y) show\n"},
+       {"kerned", "", "[(x$_vxrs)-20( --data=1 )15($_vxre.)] TJ",
+        "[" + kBarcode + "(x" + Blanks(6) + ")-20(" + Blanks(10) + ")15(" + Blanks(6) + ".)] TJ"},
        {"split, barcode behind", "insert=afterstring", split + ")x", joined + ")" + kBarcode + "x"},
        {"split up to a dictionary", "", "($_vxrs --data=1) show << /a ($_vxre) >>",
         kBarcode + "(" + Blanks(15) + ") show << /a (" + Blanks(6) + ") >>"},

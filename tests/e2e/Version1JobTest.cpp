@@ -1,5 +1,4 @@
 // Jobs whose sequences hold their parameters in the version-1 form.
-#include "tests/support/Decode.h"
 #include "tests/support/Jobs.h"
 #include "tests/support/Program.h"
 
@@ -36,29 +35,6 @@ TEST(Version1Jobs, AreReportedAndLeftWithoutABarcodeWhenAParameterIsWrong) {
     ASSERT_NE(refused, std::string::npos) << result.errors;
     const std::size_t named = result.errors.find("Barcode Sequence: " + row.parameters, refused);
     EXPECT_EQ(named == std::string::npos, row.errors.empty()) << result.errors;
-  }
-}
-
-TEST(Version1Jobs, ReadOnThePage) {
-  const struct {
-    std::string parameters, format, data;
-  } rows[] = {
-      {"b20 w60 h20 dHello World ", "Code128", "Hello World "},
-      {"b8 m300 h15 Toff d\"A-1 B\"", "Code39", "A-1 B"},
-      {"b55 w60 h20 Pr12 Pe4 dversion 1", "PDF417", "version 1"},
-      {"b58 w30 h30 QRe3 r90 dturned", "QRCode", "turned"},
-      {"b71 w25 h25 Ds10 son d\\\\x41BC", "DataMatrix", "ABC"},
-  };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.parameters);
-    const Program::Result result =
-        Filter("v1format")
-            .run("%!PS\n/Helvetica 10 selectfont 200 400 moveto ($_vxrs " + row.parameters +
-                 "$_vxre) show showpage\n");
-    EXPECT_EQ(result.errors, "");
-    const Symbol symbol = DecodeJob(result.output);
-    EXPECT_EQ(symbol.format, row.format);
-    EXPECT_EQ(symbol.data, row.data);
   }
 }
 
