@@ -119,7 +119,11 @@ TEST(Engine, PlacesABarcodeByItsSizeFormatAndOrigin) {
            box + ", 1)";
   };
   const std::string place = "xpos=5 ypos=17 width=30 height=10 ";
-  const std::string upright = "BCSetRotation(b1, 0); ";
+  const std::string up = "[5000 27000 35000 17000]", down = "[5000 17000 35000 7000]";
+  const std::string fromTop = "[5000 17000 35000 27000]", upright = "BCSetRotation(b1, 0); ";
+  const std::string fragment = upright + "BCPDFFragmentToMemory(b1, 65536, ";
+  const std::string pcl = upright + "BCPCLToMemoryExt(b1, 65536, ";
+  const std::string image = upright + "BCBitmapToMemoryA(b1, ";
   const std::pair<std::string, std::string> rows[] = {
       {"width=30 height=10", turn('0', "[0 10000 30000 0]")},
       {"width=30.0001", ask("[0 0 30001 30000]") + turn('0', "[0 20000 30000 0]")},
@@ -139,26 +143,19 @@ TEST(Engine, PlacesABarcodeByItsSizeFormatAndOrigin) {
       // places are rounded to thousandths
       {"xpos=1.2346 ypos=2.0004 width=30 height=10 globalxoffset=5 globalyoffset=10",
        turn('0', "[6235 22000 36235 12000]")},
-      {place, turn('0', "[5000 27000 35000 17000]")},
+      {place, turn('0', up)},
       {place + "format=ps nooverhead",
-       upright + "BCPostscriptToMemoryExt(b1, 65536, [5000 27000 35000 17000], 0)"},
-      {place + "format=ps origin=top", turn('0', "[5000 17000 35000 7000]")},
-      {place + "format=pdf", upright + "BCPDFToMemory(b1, 65536, [5000 27000 35000 17000])"},
-      {place + "format=pdf origin=top",
-       upright + "BCPDFToMemory(b1, 65536, [5000 17000 35000 7000])"},
-      {place + "format=pdffrag origin=bottom",
-       upright + "BCPDFFragmentToMemory(b1, 65536, [5000 27000 35000 17000])"},
-      {place + "format=pdffrag origin=top",
-       upright + "BCPDFFragmentToMemory(b1, 65536, [5000 17000 35000 7000])"},
-      {place + "format=pcl", upright + "BCPCLToMemoryExt(b1, 65536, [5000 17000 35000 27000], 1)"},
-      {place + "stream=pcl pos=abs",
-       upright + "BCPCLToMemoryExt(b1, 65536, [5000 17000 35000 27000], 0)"},
-      {place + "format=pcl origin=bottom",
-       upright + "BCPCLToMemoryExt(b1, 65536, [5000 7000 35000 17000], 1)"},
-      {place + "imageformat=Gif",
-       upright + "BCBitmapToMemoryA(b1, \"Gif\", 65536, [5000 17000 35000 27000])"},
-      {place + "format=image origin=bottom memory=1000",
-       upright + "BCBitmapToMemoryA(b1, \"BMP\", 1000, [5000 17000 35000 27000])"},
+       upright + "BCPostscriptToMemoryExt(b1, 65536, " + up + ", 0)"},
+      {place + "format=ps origin=top", turn('0', down)},
+      {place + "format=pdf", upright + "BCPDFToMemory(b1, 65536, " + up + ")"},
+      {place + "format=pdf origin=top", upright + "BCPDFToMemory(b1, 65536, " + down + ")"},
+      {place + "format=pdffrag origin=bottom", fragment + up + ")"},
+      {place + "format=pdffrag origin=top", fragment + down + ")"},
+      {place + "format=pcl", pcl + fromTop + ", 1)"},
+      {place + "stream=pcl pos=abs", pcl + fromTop + ", 0)"},
+      {place + "format=pcl origin=bottom", pcl + "[5000 7000 35000 17000], 1)"},
+      {place + "imageformat=Gif", image + "\"Gif\", 65536, " + fromTop + ")"},
+      {place + "format=image origin=bottom memory=1000", image + "\"BMP\", 1000, " + fromTop + ")"},
   };
   for (const auto& [settings, calls] : rows) {
     SCOPED_TRACE(settings);

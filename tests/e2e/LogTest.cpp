@@ -68,6 +68,49 @@ TEST(Log, ShowsEverySettingAndEveryStepOfARun) {
   EXPECT_EQ(result.output, kDrawing);
 }
 
+// The lines of a run from the choice of the format to the end; those of the settings are left out.
+Lines StepsOf(const std::string& settings) {
+  const Program program = Recorded(StandAlone("data=*A* trace=verbose " + settings),
+                                   {{"VX_STANDIN_NEEDED", "100,200"}});
+  Lines lines = Split(program.run().errors);
+  lines.erase(lines.begin(), std::ranges::find_if(lines, [](const std::string& line) {
+                return line.starts_with("DEBUG: vextorin: Output format: ");
+              }));
+  std::erase_if(lines, [](const std::string& line) {
+    return line.find(": vextorin: ") == line.npos && !line.starts_with("ERROR: ");
+  });
+  return lines;
+}
+
+TEST(Log, TellsWhatIsDoneToABarcode) {
+  const std::string file = TempFolder().file("barcode.ps");  // in a folder that is gone
+  const std::string debug = "DEBUG: vextorin: ", info = "INFO: vextorin: Info: ";
+  const std::string error = "ERROR: vextorin: Error: ";
+  EXPECT_EQ(StepsOf("barcode=8 SAP embed=on width=30 rot=90"),
+            (Lines{debug + "Output format: 1", info + "Removing embracing '*' in Code39 data.",
+                   debug + "SAP and Code39: '*' filtered. Barcode data = A",
+                   info + "Generating barcode... ", debug + "Width and Height of Barcode = 20 x 30",
+                   debug + "Barcode rectangle: 0 30000 20000 0", debug + "Adding EPS overhead.",
+                   debug + "Generated barcode: ", info + "Writing output to stdout.",
+                   debug + "Library deinitialized.", debug + "Exit code 0"}));
+  EXPECT_EQ(StepsOf("stream=pcl memory=100 output=" + file),
+            (Lines{debug + "Output format: 2", info + "Generating barcode... ",
+                   debug + "Width and Height of Barcode = 40 x 20",
+                   debug + "Barcode rectangle: 0 0 40000 20000", debug + "Handling PCL overhead.",
+                   debug + "Generated barcode: ", info + "Writing output to file: " + file,
+                   error + "Couldn't open output file.", info + "Error: No such file or directory",
+                   debug + "Library deinitialized.", debug + "Exit code 90"}));
+  EXPECT_EQ(StepsOf("memory=50"),
+            (Lines{debug + "Output format: 1", info + "Generating barcode... ",
+                   debug + "Width and Height of Barcode = 40 x 20",
+                   debug + "Barcode rectangle: 0 20000 40000 0",
+                   debug + "Barcode rectangle: 0 20000 40000 0", debug + "BCxxxToMemory failed.",
+                   error + "Couldn't create barcode. Size of memory for barcode creation was to "
+                           "small.",
+                   "ERROR: Size of memory: 100 - Required size: 200",
+                   debug + "Library deinitialized.", debug + "Exit code 0"}));
+}
+
 TEST(Log, GoesWhereItsOptionsSay) {
   const TempFolder folder;
   const std::string reason =
