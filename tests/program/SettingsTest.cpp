@@ -37,59 +37,54 @@ TEST(FixedTexts, AreTheDocumentedOnes) {
   }
 }
 
-// Values by lists of type numbers: "1-9,16" holds 1 to 9 and 16.
-using ByType = std::vector<std::pair<std::string, double>>;
-
-double Lookup(const ByType& table, int type, double otherwise) {
-  for (const auto& [list, value] : table)
-    for (const std::string& range : Split(list, ',')) {
-      const int last = std::stoi(range.substr(range.find('-') + 1));
-      if (type >= std::stoi(range) && type <= last) return value;
-    }
-  return otherwise;
+// Ascending numbers as ranges: "1-9,16".
+std::string Ranges(const std::vector<int>& numbers) {
+  std::string text;
+  for (std::size_t i = 0; i < numbers.size(); ++i) {
+    const std::size_t first = i;
+    while (i + 1 < numbers.size() && numbers[i + 1] == numbers[i] + 1) ++i;
+    text += (text.empty() ? "" : ",") + std::to_string(numbers[first]);
+    if (i > first) text += '-' + std::to_string(numbers[i]);
+  }
+  return text;
 }
 
-const ByType kModuleWidths = {
-    {"1-9,16,18,20,25,31-33,46-48,50,51,53,55,56,59-62,72,75,81,84,86-89,98-101,106-109", 0.254},
-    {"10-15,29,30,34-39,69,78-80", 0.339},
-    {"21,22,77", 0.423},
-    {"40-45,70,76,82,83,85,90", 0.577},
-    {"57", 0.87},
-    {"63-68", 0.47},
-};
-const ByType kHeights = {
-    {"1-9,16,18,20,25,31-33,46-48,50-53,59-62,72,75,86-89,98-101", 10.2},
-    {"10-12,37-39", 17.6},
-    {"13-15,69", 21.9},
-    {"21,22", 25.4},
-    {"29,30,78", 16.0},
-    {"34-36", 26.1},
-    {"40-45,82,83", 3.2},
-    {"63-68", 5.0},
-    {"70,90", 2.5},
-    {"76", 3.5},
-    {"77", 4.0},
-    {"85", 3.7},
-};
-const ByType kHiddenText = {{"21,22,40-45,57,63-68,70,76,77,82,83,85,90", 3}};
-const ByType kPdf417RowHeights = {{"55,56,84,106-109", 0.762}};
-const std::map<double, int> kFontSizes = {{-1.0, 8},   {0.254, 7}, {0.339, 10}, {0.423, 12},
-                                          {0.577, 17}, {0.87, 26}, {0.47, 14}};
-
 TEST(DefaultSet, FillsInTheSizesOfEveryType) {
+  std::map<std::string, std::vector<int>> types;
   for (int type = 0; type <= 130; ++type) {
-    SCOPED_TRACE(type);
-    BarcodeSettings settings;
-    settings.barcode = type;
-    settings.applyDefaultSet();
-    EXPECT_EQ(settings.modulewidth, Lookup(kModuleWidths, type, -1));
-    EXPECT_EQ(settings.height, Lookup(kHeights, type, -1));
-    EXPECT_EQ(settings.text, Lookup(kHiddenText, type, 2));
-    EXPECT_EQ(settings.fontsize, kFontSizes.at(settings.modulewidth));
-    EXPECT_DOUBLE_EQ(settings.PDFrowheight, Lookup(kPdf417RowHeights, type, -1));
-    EXPECT_EQ(settings.PDFratio, settings.PDFrowheight > 0 ? "11:1" : "");
-    EXPECT_EQ(settings.PDFratioGiven, 0);
+    BarcodeSettings set;
+    set.barcode = type;
+    set.applyDefaultSet();
+    types[Diag::Text(set.modulewidth, ' ', set.height, ' ', set.text, ' ', set.fontsize, ' ',
+                     set.PDFrowheight, ' ', set.PDFratio)]
+        .push_back(type);
+    EXPECT_EQ(set.PDFratioGiven, 0);
   }
+  std::map<std::string, std::string> sets;
+  for (const auto& [sizes, numbers] : types) sets[sizes] = Ranges(numbers);
+  // Module width, height, text position, font size, PDF417's row height and ratio.
+  EXPECT_EQ(
+      sets,
+      (std::map<std::string, std::string>{
+          {"-1 10.2 2 8 -1 ", "52"},
+          {"0.254 10.2 2 7 -1 ", "1-9,16,18,20,25,31-33,46-48,50-51,53,59-62,72,75,86-89,98-101"},
+          {"0.254 -1 2 7 -1 ", "81"},
+          {"0.254 -1 2 7 0.762 11:1", "55-56,84,106-109"},
+          {"0.339 16 2 10 -1 ", "29-30,78"},
+          {"0.339 17.6 2 10 -1 ", "10-12,37-39"},
+          {"0.339 21.9 2 10 -1 ", "13-15,69"},
+          {"0.339 26.1 2 10 -1 ", "34-36"},
+          {"0.339 -1 2 10 -1 ", "79-80"},
+          {"0.423 25.4 3 12 -1 ", "21-22"},
+          {"0.423 4 3 12 -1 ", "77"},
+          {"0.47 5 3 14 -1 ", "63-68"},
+          {"0.577 2.5 3 17 -1 ", "70,90"},
+          {"0.577 3.2 3 17 -1 ", "40-45,82-83"},
+          {"0.577 3.5 3 17 -1 ", "76"},
+          {"0.577 3.7 3 17 -1 ", "85"},
+          {"0.87 -1 3 26 -1 ", "57"},
+          {"-1 -1 2 8 -1 ", "0,17,19,23-24,26-28,49,54,58,71,73-74,91-97,102-105,110-130"},
+      }));
 }
 
 TEST(DefaultSet, LeavesWhatWasGiven) {
