@@ -111,6 +111,16 @@ TEST(Log, TellsWhatIsDoneToABarcode) {
                    debug + "Library deinitialized.", debug + "Exit code 0"}));
 }
 
+TEST(Log, NamesTheInputFile) {
+  Program program = Recorded(Filter("trace=verbose"));
+  program.inputFile = true;
+  const std::string log = program.run("\033Ejob\n").errors;
+  const std::size_t begin = log.find("argv[6]: DEBUG: ") + 16;
+  const std::string line = log.substr(begin, log.find('\n', begin) + 1 - begin);
+  EXPECT_TRUE(line.ends_with("/job\n")) << line;
+  EXPECT_NE(log.find("DEBUG: vextorin: Input stream: DEBUG: " + line), log.npos) << log;
+}
+
 TEST(Log, GoesWhereItsOptionsSay) {
   const TempFolder folder;
   const std::string reason =

@@ -9,11 +9,12 @@ namespace {
 using namespace Support;
 
 TEST(Version1Jobs, SetTheBarcodeByLetters) {
-  const std::string sequence = "$_vxrs b55 w40 Pr10 dHello World$_vxre";
+  const std::string sequence = "$_vxrs b55 w40 Pr10 Qh3.5 Qv0 dHello World$_vxre";
   const Program::Result pcl = Recorded(Filter("v1format")).run("\033E" + sequence + "\033E");
   EXPECT_EQ(pcl.output, "\033E" + kDrawing + Blanks(sequence.size() - 1) + "\033E");
   EXPECT_EQ(FirstWith(pcl.calls, "BCSetBCType("), "BCSetBCType(b1, 55)");
   EXPECT_EQ(FirstWith(pcl.calls, "BCSet_PDF417_Rows("), "BCSet_PDF417_Rows(b1, 10)");
+  EXPECT_EQ(FirstWith(pcl.calls, "BCSetQuietZone("), "BCSetQuietZone(b1, [3.5 0 3.5 0], 2)");
   EXPECT_EQ(FirstWith(pcl.calls, "BCSetTextA("), "BCSetTextA(b1, \"Hello World\", 11)");
 }
 
