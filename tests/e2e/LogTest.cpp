@@ -8,8 +8,10 @@
 #include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <set>
 
 namespace {
@@ -148,7 +150,12 @@ TEST(Log, GoesWhereItsOptionsSay) {
     inSystemLog.push_back("syslog(" + std::to_string(line.priority) + ", \"" + line.text + "\")");
   }
   inSystemLog.push_back("closelog()");
-  const std::string file = folder.file("errors.txt");
+  const std::string file = folder.file("errors.txt"), link = folder.file("link");
+  const std::string pipe = folder.file("pipe");
+  std::filesystem::create_symlink(file, link);
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  const std::string refused = "Couldn't open error file.\nError message:";
+  const mode_t before = umask(0);
   const struct {
     std::string settings, errors, file;
     bool systemLog;
@@ -157,9 +164,14 @@ TEST(Log, GoesWhereItsOptionsSay) {
       {"syslog nostderr", "", "", true},
       {"errorfile=" + file, onStderr, inFile, false},
       {"errorfile=" + file + " syslog nostderr", "", inFile + inFile, true},
-      {"errorfile=/nowhere/error.txt",
-       "Couldn't open error file.\nError message:No such file or directory\n" + onStderr,
+      {"errorfile=/dev/stderr nostderr", inFile, inFile + inFile, false},
+      {"errorfile=/nowhere/error.txt", refused + "No such file or directory\n" + onStderr,
        inFile + inFile, false},
+      {"errorfile=" + link, refused + "Too many levels of symbolic links\n" + onStderr,
+       inFile + inFile, false},
+      // Nobody reads it.
+      {"errorfile=" + pipe, refused + "No such device or address\n" + onStderr, inFile + inFile,
+       false},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.settings);
@@ -173,6 +185,10 @@ TEST(Log, GoesWhereItsOptionsSay) {
                   [](const std::string& call) { return call.find("log(") == call.npos; });
     EXPECT_EQ(result.calls, row.systemLog ? inSystemLog : Lines{});
   }
+  umask(before);
+  struct stat status {};
+  ASSERT_EQ(stat(file.c_str(), &status), 0);
+  EXPECT_EQ(status.st_mode & 07777u, 0640u);
 }
 
 }  // namespace

@@ -22,13 +22,14 @@ TEST(TraceLog, IndentsUnderAnyNameAndCollectsErrorsAndWarnings) {
   log.decreaseIndent();
   log.TracePart(Diag::kInformation, "a");
   log.TraceCont(Diag::kWarning, "b");
+  log.Note(Diag::kWarning, "ours ", 1);
   log.setMuted(true);
   log.Trace(Diag::kError, "unheard");
   Diag::AssertToStderr(true, "File.cpp", 12, "fine");
   Diag::AssertToLog(log, true, "File.cpp", 12, "fine");
   EXPECT_EQ(testing::internal::GetCapturedStderr(),
             "ERROR: vextorin: Error: before\nERROR: other: Error:     n = -3 0.254 1\n"
-            "INFO: other: Info:    aWARNING:    b\n");
+            "INFO: other: Info:    aWARNING:    b\nWARNING: other: Warning:    ours 1\n");
   EXPECT_EQ(log.getCollectedText(), "other: Error:     n = -3 0.254 1\n   b\n");
 }
 
