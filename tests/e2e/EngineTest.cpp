@@ -5,6 +5,7 @@
 #include "tests/support/Program.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <algorithm>
 
@@ -214,6 +215,54 @@ TEST(Engine, TellsSizesThatDoNotDo) {
             Split("BCPostscriptToMemoryExt(b1, 16384, [0 20000 40000 0], 1); "
                   "BCPostscriptToMemoryExt(b1, 20000, [0 20000 40000 0], 1)",
                   "; "));
+}
+
+// Runs started during its life may have a gibibyte of memory and not more.
+class LittleMemory {
+ public:
+  LittleMemory() {
+    getrlimit(RLIMIT_AS, &before);
+#ifndef __SANITIZE_ADDRESS__  // which takes all address space there is, and obeys an option instead
+    const rlimit little = {kGibibyte, before.rlim_max};
+    setrlimit(RLIMIT_AS, &little);
+#endif
+  }
+  ~LittleMemory() {
+    setrlimit(RLIMIT_AS, &before);
+  }
+  LittleMemory(const LittleMemory&) = delete;
+  LittleMemory& operator=(const LittleMemory&) = delete;
+
+ private:
+  static constexpr rlim_t kGibibyte = rlim_t{1} << 30;
+  rlimit before{};
+};
+
+TEST(Engine, TellsThatMemoryIsNotToBeHad) {
+  const std::string grown = kError +
+                            "Couldn't reallocate memory for barcode. Initial memory size: 65536. "
+                            "New memory size: 2147483647.\n";
+  const std::string small = kError +
+                            "Couldn't create barcode. Size of memory for barcode creation was to "
+                            "small.\nERROR: Size of memory: 65536 - Required size: 2147483647\n";
+  const std::string sequence = kError + "Barcode Sequence: --data=1 \n";
+  const std::pair<Program, std::string> rows[] = {
+      {StandAlone("data=1"), grown + small},
+      {StandAlone("data=1 memory=2147483647"), kError + "Couldn't allocate memory for barcode.\n"},
+      {Filter(), grown + small + sequence},
+      // The end of the mute is here.
+      {Filter("onerror=ignore"), small + sequence},
+  };
+  for (const auto& [program, errors] : rows) {
+    SCOPED_TRACE(testing::PrintToString(program.settings));
+    const Environment answers = {
+        {"VX_STANDIN_NEEDED", "2147483647"},
+        {"ASAN_OPTIONS", "allocator_may_return_null=1:max_allocation_size_mb=1024"}};
+    const LittleMemory little;
+    const Program::Result result = Recorded(program, answers).run("\033E$_vxrs --data=1 $_vxre");
+    EXPECT_EQ(result.errors, errors);
+    EXPECT_EQ(result.status, 80);
+  }
 }
 
 TEST(Engine, TellsFailuresAroundABarcode) {
