@@ -17,7 +17,7 @@ TEST(TraceLog, IndentsUnderAnyNameAndCollectsErrorsAndWarnings) {
   log.decreaseIndent();
   log.increaseIndent();
   log.increaseIndent();
-  log.Trace(Diag::kError, "n = ", -3, ' ', 0.254, ' ', true);
+  log.Trace(Diag::kError, "n = ", -3, ' ', 1234.5678, ' ', true);
   log.setIndentWidth(3);
   log.decreaseIndent();
   log.TracePart(Diag::kInformation, "a");
@@ -28,9 +28,9 @@ TEST(TraceLog, IndentsUnderAnyNameAndCollectsErrorsAndWarnings) {
   Diag::AssertToStderr(true, "File.cpp", 12, "fine");
   Diag::AssertToLog(log, true, "File.cpp", 12, "fine");
   EXPECT_EQ(testing::internal::GetCapturedStderr(),
-            "ERROR: vextorin: Error: before\nERROR: other: Error:     n = -3 0.254 1\n"
+            "ERROR: vextorin: Error: before\nERROR: other: Error:     n = -3 1234.57 1\n"
             "INFO: other: Info:    aWARNING:    b\nWARNING: other: Warning:    ours 1\n");
-  EXPECT_EQ(log.getCollectedText(), "other: Error:     n = -3 0.254 1\n   b\n");
+  EXPECT_EQ(log.getCollectedText(), "other: Error:     n = -3 1234.57 1\n   b\n");
 }
 
 TEST(FailedAssertion, ReportsItselfAndEndsTheProcessWith100) {
