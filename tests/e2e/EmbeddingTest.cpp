@@ -63,17 +63,20 @@ TEST(Embedding, PutsTheBarcodeWhereInsertSays) {
             kReset);
 }
 
+// The barcode of each of two sequences waits for a pattern of its own.
 TEST(Embedding, WaitsForTheInsertPattern) {
-  const std::string job = kSequence + ") show\nab HERE cd\nef\n(last) show\n";
-  const std::string front = kBlanked + ") show\n", back = "ef\n(last) show\n";
+  const std::string job =
+      kSequence + ") show\nab HERE cd\nef\n(" + kSequence + ") show\ngh\nHERE i\n";
+  const std::string front = kBlanked + ") show\n", middle = "ef\n(" + kBlanked + ") show\ngh\n";
+  const std::string line = "ab HERE cd\n", second = "HERE i\n";
   CheckRows({{"before the pattern", "insertpattern=HERE", job,
-              front + "ab " + kBarcode + "HERE cd\n" + back},
+              front + "ab " + kBarcode + "HERE cd\n" + middle + kBarcode + second},
              {"after the pattern", "insertpattern=HERE insert=afterstring", job,
-              front + "ab HERE" + kBarcode + " cd\n" + back},
+              front + "ab HERE" + kBarcode + " cd\n" + middle + "HERE" + kBarcode + " i\n"},
              {"before its line", "insertpattern=HERE insert=beforeline", job,
-              front + kBarcode + "ab HERE cd\n" + back},
+              front + kBarcode + line + middle + kBarcode + second},
              {"after its line", "insertpattern=HERE insert=afterline", job,
-              front + "ab HERE cd\n" + kBarcode + back}},
+              front + line + kBarcode + middle + second + kBarcode}},
             "%!PS\n(");
 }
 
@@ -92,6 +95,8 @@ TEST(Embedding, FindsEverySequenceInEveryFormOfString) {
        {"nested parentheses", "", "(((" + kSequence + ")x)) show\n",
         kBarcode + "(\\(\\(" + kBlanked + "\\)x\\)) show\n"},
        {"split", "", split + " y) show\n", kBarcode + joined + " y) show\n"},
+       {"kerned", "", "[(x$_vxrs)-20( --data=1 )15($_vxre.)] TJ",
+        "[" + kBarcode + "(x" + Blanks(6) + ")-20(" + Blanks(10) + ")15(" + Blanks(6) + ".)] TJ"},
        {"split, barcode behind", "insert=afterstring", split + ")x", joined + ")" + kBarcode + "x"},
        {"split up to a dictionary", "", "($_vxrs --data=1) show << /a ($_vxre) >>",
         kBarcode + "(" + Blanks(15) + ") show << /a (" + Blanks(6) + ") >>"},
@@ -99,6 +104,8 @@ TEST(Embedding, FindsEverySequenceInEveryFormOfString) {
         kBarcode + kBarcode + "(" + blanked + kBlanked + ")"},
        {"behind an open string", "linebyline", "(open\n(" + text + ")",
         "(open\n" + kBarcode + "(" + blanked + ")"},
+       {"over a continued line", "linebyline", "($_vxrs --data=1 \\\n$_vxre) show\n",
+        kBarcode + "(" + kBlanked + ") show\n"},
        {"in a dictionary", "", "<< /a (" + kSequence + ") >>",
         "<< /a " + kBarcode + "(" + kBlanked + ") >>"},
        {"hexadecimal digits of a dictionary", "", "<" + digits + ">", "<" + digits + ">"}},
@@ -185,6 +192,13 @@ TEST(Embedding, ReadsTheOptionsOfRawSequencesInPostScriptStrings) {
       {"$_vxrs --data=<4142> $_vxre", "BCSetTextA(b1, \"AB\", 2)"},
       {"$_vxrs --data=" + Ascii85String("ABC") + " $_vxre", "BCSetTextA(b1, \"ABC\", 3)"},
       {"$_vxrs --data=AB $_vxre", "BCSetTextA(b1, \"AB\", 2)"},
+      {"$_vxrs /data(A B) $_vxre", "BCSetTextA(b1, \"A B\", 3)"},
+      {"$_vxrs /barcode(8)\n/data\t<4142> $_vxre", "BCSetTextA(b1, \"AB\", 2)"},
+      {"$_vxrs --data (A B) $_vxre", "BCSetTextA(b1, \"A B\", 3)"},
+      {"$_vxrs -d(A B) $_vxre", "BCSetTextA(b1, \"A B\", 3)"},
+      {"$_vxrs --data=\"(A)\" --font=\"<<\" $_vxre", "BCSetTextA(b1, \"(A)\", 3)"},
+      {"$_vxrs --data=<< $_vxre", "BCSetTextA(b1, \"<<\", 2)"},
+      {"$_vxrs --data=1(2 $_vxre", "BCSetTextA(b1, \"1(2\", 3)"},
       // The parts of a split sequence are joined by a blank; --data takes the first word.
       {"($_vxrs --data=) show (12) show (--height=5 $_vxre) show", "BCSetTextA(b1, \"12\", 2)"},
   };
@@ -225,6 +239,20 @@ TEST(Embedding, AllSequencesOfALongJobAreFoundHoweverItArrives) {
     Program program = Recorded(Filter());
     program.inputChunk = chunk;
     EXPECT_EQ(program.run(job).output, output);
+  }
+}
+
+// Sequences at the end of long strings, around the sizes at which buffers grow.
+TEST(Embedding, ASequenceInAStringOfAnyLengthIsFound) {
+  for (const std::size_t kibibytes : {64, 128, 256, 1024}) {
+    for (const std::size_t missing : {30u, 23u, 22u, 9u, 1u, 0u}) {
+      SCOPED_TRACE(std::to_string(kibibytes) + " KiB but " + std::to_string(missing));
+      const std::string text(kibibytes * 1024 - missing, 'x');
+      const Program::Result result =
+          Recorded(Filter()).run("%!PS\n(" + text + kSequence + ") show\n");
+      EXPECT_TRUE(result.output == "%!PS\n" + kBarcode + "(" + text + kBlanked + ") show\n");
+      EXPECT_EQ(result.status, 0);
+    }
   }
 }
 

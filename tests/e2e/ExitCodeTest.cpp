@@ -181,6 +181,11 @@ TEST(StandAloneOutput, FramesPclAndKeepsZeroBytesOfImagesOnly) {
       {"format=image", "one\\0two\\0", std::string("one\0two\0", 8)},
       {"format=pcl nooverhead movecursor width=50 height=30", "drawing",
        "drawing\033&a+1417h+850V"},
+      {"format=pcl embed=off movecursor origin=bottom width=25.4 height=30", "drawing",
+       opener + "drawing\033&a+720h+0V" + closer},
+      {"format=pcl embed=on movecursor width=0.01 height=0.02", "drawing", "drawing\033&a+0h+1V"},
+      {"format=ps embed=on nooverhead", "drawing", "drawing"},
+      {"format=image embed=on", "drawing", "drawing"},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.settings);

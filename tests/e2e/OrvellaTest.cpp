@@ -1,6 +1,5 @@
 // Orvella control sequences in a job: what stands in their place afterwards, and the barcode that
 // the parameters and the data ask of the library.
-#include "tests/support/Decode.h"
 #include "tests/support/Jobs.h"
 #include "tests/support/Program.h"
 
@@ -269,38 +268,6 @@ TEST(OrvellaData, HasItsControlsInTheFormOfTheLibrary) {
     ExpectCalls(kHeader + Body(row.data), "BCSetFormatA(b1, \"" + row.codeSets + "\")");
     // Other types know no code sets.
     ExpectCalls(Header("1,0,0,0,0,1") + Body(row.data), "", "BCSetFormatA");
-  }
-}
-
-TEST(OrvellaData, ReadsOnThePage) {
-  const struct {
-    std::string header, data, format, read;
-    int orientation;
-  } kRows[] = {
-      {"12,0,150,0,0,1", "Order 4711", "Code128", "Order 4711", 0},
-      {"12,0,150,0,0,4", "Order 4711", "Code128", "Order 4711", 90},
-      {"12,0,150,0,0,6", "Order 4711", "Code128", "Order 4711", 0},
-      {"12,0,150,0,0,1", "\\saAB\\sh\\x61\\Sc1234\\f1", "Code128", "ABa1234\x1d", 0},
-      {"1,0,200,0,3,0", "A-1", "Code39", "A-1", 0},
-      {"3,0,200,10,0,2", "123456", "ITF", "123456", 0},
-      {"6,0,250,0,0,1", "400638133393", "EAN-13", "4006381333931", 0},
-      {"25,0,0,0,0,0,ECL=4", "Orvella data", "PDF417", "Orvella data", 0},
-  };
-  for (const auto& row : kRows) {
-    SCOPED_TRACE(row.header);
-    Program program = Filter("orvella=on globalxoffset=60 globalyoffset=100 modulewidth=0.3");
-    program.environment = {{"LD_PRELOAD", VEXTORIN_POSTSCRIPT_FOR_PCL},
-                           {"ASAN_OPTIONS", "verify_asan_link_order=0"}};
-    const Program::Result result =
-        program.run("\033E" + Header(row.header) + kMarker + "##" + row.data + kMarker + "\033E");
-    EXPECT_EQ(result.errors, "");
-    const std::size_t begin = result.output.find("%!PS");
-    ASSERT_NE(begin, std::string::npos);
-    const Symbol symbol =
-        DecodeJob(result.output.substr(begin, result.output.rfind('\033') - begin));
-    EXPECT_EQ(symbol.format, row.format);
-    EXPECT_EQ(symbol.data, row.read);
-    EXPECT_EQ(symbol.orientation, row.orientation);
   }
 }
 

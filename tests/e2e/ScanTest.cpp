@@ -37,167 +37,167 @@ const Type kTypes[] = {
     {92, "Aztec Code 123456", "Aztec", "Aztec Code 123456"},
 };
 
-// Where the box of a symbol begins. The box is the middle of its page: some readers look for matrix
-// codes around the middle only.
+struct Box {
+  int left, bottom, width, height;  // millimetres
+};
+
+// One run of the program, whose output prints one page with one symbol.
+struct Row {
+  std::string settings;  // lines
+  std::string show;      // what the page of a job shows
+  std::string format, read;
+  std::string zbar{};  // as in Type
+  int rotation = 0;
+  int dpi = 300;
+  Box box{};  // in which the symbol stands, if it is given
+};
+
+// The box of a symbol is the middle of its page: some readers look for matrix codes around the
+// middle only.
 constexpr int kLeft = 10, kBottom = 14;
 
-// What stands before the pages, for boxes of that size; all in millimetres.
-std::string PageSetup(int width = 60, int height = 30) {
+// What stands before the page, for boxes of that size; all in millimetres. TJ is what page
+// descriptions define.
+std::string PageSetup(int width, int height) {
   const auto points = [](int length) { return std::to_string(length * 720 / 254); };
   return "%!PS-Adobe-3.0\n%%EndComments\n<< /PageSize [" + points(2 * kLeft + width) + ' ' +
          points(2 * kBottom + height) +
          "] >> setpagedevice\n/Courier findfont 1 scalefont setfont\n"
-         "/mm { 25.4 div 72 mul } bind def\n";
+         "/TJ { { dup type /stringtype eq { show } { 1000 div neg 0 rmoveto } ifelse } forall } "
+         "bind def\n";
 }
 
-std::string PageOf(const std::string& show) {
-  return "10 mm 14 mm moveto\n" + show + "\nshowpage\n";
-}
-
-std::string Sequence(const Type& type, const std::string& options) {
-  return "$_vxrs --barcode=" + std::to_string(type.number) + " " + options + " --data=\"" +
-         type.data + "\" $_vxre";
-}
-
-// The only symbol of the page, as one reader finds it, if the other agrees.
-Symbol ReadPage(const Page& page, const Type& type) {
-  const std::vector<Symbol> symbols = Decode(page), others = DecodeWithZBar(page);
-  EXPECT_EQ(symbols.size(), 1u) << Describe(symbols);
-  if (symbols.size() != 1) return {};
-  EXPECT_EQ(symbols[0].format, type.format);
-  EXPECT_EQ(symbols[0].data, type.read);
-  if (!type.zbar.empty()) {
-    EXPECT_EQ(others.size(), 1u) << Describe(others);
-    EXPECT_EQ(others.empty() ? "" : others[0].data, type.zbar);
-  }
-  return symbols[0];
-}
-
-// The symbol is centred in its box. Where a linear one was met between the ends of its bars, which
-// lie along the shorter side, is the reader's choice.
-void ExpectAt(const Symbol& symbol, double left, double bottom, double width, double height) {
-  EXPECT_NEAR(symbol.x, left + width / 2, width > height ? 4 : width / 2) << Describe({symbol});
-  EXPECT_NEAR(symbol.y, bottom + height / 2, width > height ? height / 2 : 4) << Describe({symbol});
-}
-
-TEST(Scan, StandAloneBarcodesRead) {
-  std::string pages = PageSetup(50, 30);
+// Every type alone, and in a job at every resolution and in every direction.
+void AddTypes(std::vector<Row>& rows) {
+  const std::pair<int, int> kTurns[] = {{0, 203},  {0, 300},   {0, 600},
+                                        {90, 300}, {180, 300}, {270, 300}};
   for (const Type& type : kTypes) {
-    const Program::Result result = Program{
-        .settings = {"data=" + type.data, "barcode=" + std::to_string(type.number), "xpos=10",
-                     "ypos=14"}}.run();
-    EXPECT_EQ(result.errors, "");
-    EXPECT_TRUE(result.output.starts_with("%!PS")) << result.output.substr(0, 40);
-    pages += result.output + "\n";
-  }
-  const Rendering rendering = Render(pages, 300);
-  EXPECT_EQ(rendering.messages, "");
-  ASSERT_EQ(rendering.pages.size(), std::size(kTypes));
-  for (std::size_t page = 0; page < std::size(kTypes); ++page) {
-    SCOPED_TRACE(kTypes[page].data);
-    ReadPage(rendering.pages[page], kTypes[page]);
-  }
-}
-
-// One page a type, its symbol in a box of 60 mm by 30, turned; filtered.
-std::string FilteredPages(int rotation) {
-  std::string job = rotation % 180 == 0 ? PageSetup(60, 30) : PageSetup(30, 60);
-  const std::string options = "-w60 -h30 -r" + std::to_string(rotation);
-  for (const Type& type : kTypes) job += PageOf("(" + Sequence(type, options) + ") show");
-  const Program::Result result = Filter().run(job);
-  EXPECT_EQ(result.errors, "");
-  return result.output;
-}
-
-TEST(Scan, BarcodesInAJobReadAtEveryResolutionAndInTheirDirection) {
-  const std::pair<int, int> rows[] = {{0, 203},  {0, 300},   {0, 600},
-                                      {90, 300}, {180, 300}, {270, 300}};
-  for (const auto& [rotation, dpi] : rows) {
-    SCOPED_TRACE(std::to_string(rotation) + " degrees at " + std::to_string(dpi) + " dpi");
-    const Rendering rendering = Render(FilteredPages(rotation), dpi);
-    EXPECT_EQ(rendering.messages, "");
-    ASSERT_EQ(rendering.pages.size(), std::size(kTypes));
-    const bool upright = rotation % 180 == 0;
-    for (std::size_t page = 0; page < std::size(kTypes); ++page) {
-      SCOPED_TRACE(kTypes[page].data);
-      const Symbol symbol = ReadPage(rendering.pages[page], kTypes[page]);
-      EXPECT_EQ(symbol.orientation, rotation);
-      ExpectAt(symbol, kLeft, kBottom, upright ? 60 : 30, upright ? 30 : 60);
+    const std::string number = std::to_string(type.number);
+    rows.push_back({"xpos=10\nypos=14\nbarcode=" + number + "\ndata=" + type.data, "", type.format,
+                    type.read, type.zbar});
+    for (const auto& [rotation, dpi] : kTurns) {
+      const bool upright = rotation % 180 == 0;
+      rows.push_back({"filter",
+                      "($_vxrs --barcode=" + number + " -w60 -h30 -r" + std::to_string(rotation) +
+                          " --data=\"" + type.data + "\" $_vxre) show",
+                      type.format,
+                      type.read,
+                      type.zbar,
+                      rotation,
+                      dpi,
+                      {kLeft, kBottom, upright ? 60 : 30, upright ? 30 : 60}});
     }
   }
 }
 
-TEST(Scan, AbsolutePlacesCountFromThePagesCorner) {
-  const std::string job = PageSetup() + "gsave 45 rotate 2 2 scale 300 300 translate\n" +
-                          PageOf("($_vxrs --data=Corner -x15 -y20 -w50 -h20 $_vxre) show grestore");
-  const Symbol symbol = DecodeJob(Filter().run(job).output);
-  EXPECT_EQ(symbol.data, "Corner");
-  ExpectAt(symbol, 15, 20, 50, 20);
-}
-
-// The forms in which a program may write the text of a sequence, and what is left of it.
-struct Form {
-  const char* name;
-  std::string show;
-  std::string blanked;
-  std::string removed;
-};
-
-std::vector<Form> Forms() {
-  const std::string options = "$_vxrs --data=Form7 -w60 -h30 $_vxre";
-  const std::string text = "<" + options + ">";
-  const std::string blanked = "<" + Blanks(options.size()) + ">";
-  return {
-      {"literal", "(" + text + ") show", "(" + blanked + ") show", "(<>) show"},
-      {"hexadecimal", HexString(text) + " show", HexString(blanked) + " show", "<3C3E> show"},
-      {"ASCII85", Ascii85String(text) + " show", Ascii85String(blanked) + " show",
-       Ascii85String("<>") + " show"},
-      {"split by words", "($_vxrs ) show (--data=Form7 ) show (-w60 -h30 $_vxre) show",
-       "(" + Blanks(7) + ") show (" + Blanks(13) + ") show (" + Blanks(16) + ") show",
-       "() show () show () show"},
-      {"continued lines", "(" + text.substr(0, 9) + "\\\n" + text.substr(9) + ") show",
-       "(" + blanked + ") show", "(<>) show"},
-      {"kerned", "[(<$_vxrs --data=Form7 -w)-20(60 )15(-h30 $_vxre>)] TJ",
-       "[(<" + Blanks(22) + ")-20(" + Blanks(3) + ")15(" + Blanks(11) + ">)] TJ",
-       "[(<)-20()15(>)] TJ"},
-  };
-}
-
-// Each form on a page of its own; TJ as page descriptions define it.
-std::string FormsJob(const std::string Form::*text) {
-  std::string job = PageSetup() +
-                    "/TJ { { dup type /stringtype eq { show } { 1000 div neg 0 rmoveto } ifelse }"
-                    " forall } bind def\n";
-  for (const Form& form : Forms()) job += PageOf(form.*text);
-  return job;
-}
-
-TEST(Scan, EveryFormAndEveryInsertModeKeepsTheRestOfTheJob) {
-  const struct {
-    const char* settings;
-    const std::string Form::*rest;
-  } rows[] = {
-      {"insert=beforestring", &Form::blanked},        {"insert=afterstring", &Form::blanked},
-      {"insert=beforeline", &Form::blanked},          {"insert=afterline", &Form::blanked},
-      {"insert=beforestring remove", &Form::removed},
-  };
-  std::string pages;
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.settings);
-    const Program::Result result = Filter(row.settings).run(FormsJob(&Form::show));
-    EXPECT_EQ(result.errors, "");
-    EXPECT_EQ(WithoutBarcodes(result.output), FormsJob(row.rest));
-    pages += result.output;
+// The forms in which a program may write the text of a sequence, with every insert mode.
+void AddForms(std::vector<Row>& rows) {
+  const std::string text = "<$_vxrs --data=Form7 -w60 -h30 $_vxre>";
+  for (const std::string mode :
+       {"beforestring", "afterstring", "beforeline", "afterline\nremove"}) {
+    for (const std::string& show :
+         {"(" + text + ") show", HexString(text) + " show", Ascii85String(text) + " show",
+          std::string("($_vxrs ) show (--data=Form7 ) show (-w60 -h30 $_vxre) show"),
+          "(" + text.substr(0, 9) + "\\\n" + text.substr(9) + ") show",
+          std::string("[(<$_vxrs --data=Form7 -w)-20(60 )15(-h30 $_vxre>)] TJ")})
+      rows.push_back({"filter\ninsert=" + mode, show, "Code128", "Form7", "Form7"});
   }
-  const Rendering rendering = Render(pages, 300);
-  EXPECT_EQ(rendering.messages, "");
-  const std::size_t forms = Forms().size();
-  ASSERT_EQ(rendering.pages.size(), std::size(rows) * forms);
-  for (std::size_t page = 0; page < rendering.pages.size(); ++page) {
-    SCOPED_TRACE(rows[page / forms].settings + (", " + std::string(Forms()[page % forms].name)));
-    const std::vector<Symbol> symbols = Decode(rendering.pages[page]);
-    ASSERT_EQ(symbols.size(), 1u) << Describe(symbols);
-    EXPECT_EQ(symbols[0].data, "Form7");
+}
+
+std::string Orvella(const std::string& header, const std::string& data) {
+  const std::string control = "\x1c";
+  return control + 'a' + header + ';' + control + "b##" + data + control + 'b';
+}
+
+// Parameters and data of the older kinds of sequence. Orvella barcodes are PCL, drawn as PostScript
+// here.
+void AddOlderSyntaxes(std::vector<Row>& rows) {
+  const std::string v1 = "filter\nv1format";
+  const std::string orvella = "filter\norvella=on\nxpos=10\nypos=14\nmodulewidth=0.3";
+  const Row kRows[] = {
+      {v1, "($_vxrs b20 w60 h20 dHello World $_vxre) show", "Code128", "Hello World "},
+      {v1, "($_vxrs b8 m300 h15 Toff d\"A-1 B\"$_vxre) show", "Code39", "A-1 B"},
+      {v1, "($_vxrs b55 w60 h20 Pr12 Pe4 dversion 1$_vxre) show", "PDF417", "version 1"},
+      {v1, "($_vxrs b58 w30 h30 QRe3 r90 dturned$_vxre) show", "QRCode", "turned", "", 90},
+      {v1, "($_vxrs b71 w25 h25 Ds10 son d\\\\x41BC$_vxre) show", "DataMatrix", "ABC"},
+      {orvella, Orvella("12,0,150,0,0,1", "Order 4711"), "Code128", "Order 4711"},
+      {orvella, Orvella("12,0,150,0,0,4", "Order 4711"), "Code128", "Order 4711", "", 90},
+      {orvella, Orvella("12,0,150,0,0,6", "Order 4711"), "Code128", "Order 4711"},
+      {orvella, Orvella("12,0,150,0,0,1", "\\saAB\\sh\\x61\\Sc1234\\f1"), "Code128", "ABa1234\x1d"},
+      {orvella, Orvella("1,0,200,0,3,0", "A-1"), "Code39", "A-1"},
+      {orvella, Orvella("3,0,200,10,0,2", "123456"), "ITF", "123456"},
+      {orvella, Orvella("6,0,250,0,0,1", "400638133393"), "EAN-13", "4006381333931"},
+      {orvella, Orvella("25,0,0,0,0,0,ECL=4", "Orvella data"), "PDF417", "Orvella data"},
+  };
+  rows.insert(rows.end(), std::begin(kRows), std::end(kRows));
+}
+
+// The page that a row prints; of an Orvella job, the barcode alone.
+std::string PageOf(const Row& row) {
+  const bool pcl = row.show.starts_with('\x1c');
+  const bool alone = row.show.empty();
+  const std::string setup =
+      row.box.width ? PageSetup(row.box.width, row.box.height) : PageSetup(alone ? 50 : 60, 30);
+  Program program = {.settings = Split(row.settings)};
+  if (pcl)
+    program.environment = {{"LD_PRELOAD", VEXTORIN_POSTSCRIPT_FOR_PCL},
+                           {"ASAN_OPTIONS", "verify_asan_link_order=0"}};
+  const Program::Result result = program.run(
+      pcl ? "\033E" + row.show + "\033E"
+          : setup + "72 25.4 div dup 10 mul exch 14 mul moveto\n" + row.show + "\nshowpage\n");
+  EXPECT_EQ(result.errors, "");
+  if (!pcl && !alone) return result.output;
+  const std::size_t begin = std::min(result.output.find("%!PS"), result.output.size());
+  return setup + result.output.substr(begin, result.output.rfind("\033E") - begin) + "\n";
+}
+
+// The only symbol of the page, which both readers find. Where a linear symbol was met between the
+// ends of its bars, which lie along the shorter side of its box, is the reader's choice.
+void ExpectSymbol(const Page& page, const Row& row) {
+  const std::vector<Symbol> symbols = Decode(page), others = DecodeWithZBar(page);
+  ASSERT_EQ(symbols.size(), 1u) << Describe(symbols);
+  EXPECT_EQ(symbols[0].format, row.format);
+  EXPECT_EQ(symbols[0].data, row.read);
+  EXPECT_EQ(symbols[0].orientation, row.rotation);
+  if (!row.zbar.empty()) {
+    ASSERT_EQ(others.size(), 1u) << Describe(others);
+    EXPECT_EQ(others[0].data, row.zbar);
+  }
+  const auto& [left, bottom, width, height] = row.box;
+  if (width == 0) return;
+  EXPECT_NEAR(symbols[0].x, left + width / 2.0, width > height ? 4 : width / 2.0)
+      << Describe(symbols);
+  EXPECT_NEAR(symbols[0].y, bottom + height / 2.0, width > height ? height / 2.0 : 4)
+      << Describe(symbols);
+}
+
+TEST(Scan, EveryBarcodeReadsAtItsPlaceAndInItsDirection) {
+  std::vector<Row> rows = {{"filter",
+                            "gsave 45 rotate 2 2 scale 300 300 translate\n"
+                            "($_vxrs --data=Corner -x15 -y20 -w50 -h20 $_vxre) show grestore",
+                            "Code128",
+                            "Corner",
+                            "Corner",
+                            0,
+                            300,
+                            {15, 20, 50, 20}}};
+  AddTypes(rows);
+  AddForms(rows);
+  AddOlderSyntaxes(rows);
+  for (const int dpi : {203, 300, 600}) {
+    std::vector<Row> printed;
+    std::ranges::copy_if(rows, std::back_inserter(printed),
+                         [&](const Row& row) { return row.dpi == dpi; });
+    std::string pages;
+    for (const Row& row : printed) pages += PageOf(row);
+    const Rendering rendering = Render(pages, dpi);
+    EXPECT_EQ(rendering.messages, "");
+    ASSERT_EQ(rendering.pages.size(), printed.size());
+    for (std::size_t page = 0; page < printed.size(); ++page) {
+      const Row& row = printed[page];
+      SCOPED_TRACE(row.settings + '\n' + row.show + " at " + std::to_string(dpi) + " dpi");
+      ExpectSymbol(rendering.pages[page], row);
+    }
   }
 }
 

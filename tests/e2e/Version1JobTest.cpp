@@ -1,5 +1,4 @@
 // Jobs whose sequences hold their parameters in the version-1 form.
-#include "tests/support/Decode.h"
 #include "tests/support/Jobs.h"
 #include "tests/support/Program.h"
 
@@ -10,11 +9,12 @@ namespace {
 using namespace Support;
 
 TEST(Version1Jobs, SetTheBarcodeByLetters) {
-  const std::string sequence = "$_vxrs b55 w40 Pr10 dHello World$_vxre";
+  const std::string sequence = "$_vxrs b55 w40 Pr10 Qh3.5 Qv0 dHello World$_vxre";
   const Program::Result pcl = Recorded(Filter("v1format")).run("\033E" + sequence + "\033E");
   EXPECT_EQ(pcl.output, "\033E" + kDrawing + Blanks(sequence.size() - 1) + "\033E");
   EXPECT_EQ(FirstWith(pcl.calls, "BCSetBCType("), "BCSetBCType(b1, 55)");
   EXPECT_EQ(FirstWith(pcl.calls, "BCSet_PDF417_Rows("), "BCSet_PDF417_Rows(b1, 10)");
+  EXPECT_EQ(FirstWith(pcl.calls, "BCSetQuietZone("), "BCSetQuietZone(b1, [3.5 0 3.5 0], 2)");
   EXPECT_EQ(FirstWith(pcl.calls, "BCSetTextA("), "BCSetTextA(b1, \"Hello World\", 11)");
 }
 
@@ -36,29 +36,6 @@ TEST(Version1Jobs, AreReportedAndLeftWithoutABarcodeWhenAParameterIsWrong) {
     ASSERT_NE(refused, std::string::npos) << result.errors;
     const std::size_t named = result.errors.find("Barcode Sequence: " + row.parameters, refused);
     EXPECT_EQ(named == std::string::npos, row.errors.empty()) << result.errors;
-  }
-}
-
-TEST(Version1Jobs, ReadOnThePage) {
-  const struct {
-    std::string parameters, format, data;
-  } rows[] = {
-      {"b20 w60 h20 dHello World ", "Code128", "Hello World "},
-      {"b8 m300 h15 Toff d\"A-1 B\"", "Code39", "A-1 B"},
-      {"b55 w60 h20 Pr12 Pe4 dversion 1", "PDF417", "version 1"},
-      {"b58 w30 h30 QRe3 r90 dturned", "QRCode", "turned"},
-      {"b71 w25 h25 Ds10 son d\\\\x41BC", "DataMatrix", "ABC"},
-  };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.parameters);
-    const Program::Result result =
-        Filter("v1format")
-            .run("%!PS\n/Helvetica 10 selectfont 200 400 moveto ($_vxrs " + row.parameters +
-                 "$_vxre) show showpage\n");
-    EXPECT_EQ(result.errors, "");
-    const Symbol symbol = DecodeJob(result.output);
-    EXPECT_EQ(symbol.format, row.format);
-    EXPECT_EQ(symbol.data, row.data);
   }
 }
 

@@ -1,149 +1,90 @@
+#include "filter/v1/Version1.h"
 #include "parser/StringParser.h"
-#include "settings/ApplicationPath.h"
+#include "settings/AppSettings.h"
 #include "settings/HelpText.h"
 #include "settings/UsageText.h"
 #include "settings/Values.h"
-#include "tests/program/OptionExpectations.h"
+#include "tests/program/Observed.h"
 #include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <map>
-#include <set>
 
 namespace {
 
 using Settings::AppSettings;
 using Settings::BarcodeSettings;
 
-TEST(BarcodeDump, OfAFreshRecordListsTheDefaultsByGroup) {
-  std::string groups;
-  for (const std::string& line : Split(BarcodeSettings().printSettings(), '\n')) {
-    const std::size_t value = line.find(" = ");
-    groups += value == std::string::npos ? '\n' + line : '|' + line.substr(value + 3);
-  }
-  EXPECT_EQ(groups,
-            "\n\nBarcode Settings: \n"
-            "\n  ----- General options: "
-            "----||0|20|1|-1|1|0|0|0|-1|-1|0|0|||-1|0|0|0|-1|-1|0|BMP|72|0|0|2|0|0"
-            "\n  ----- Position and size options: ----|0|0|-1|-1|0|0|0|1|-1"
-            "\n  ----- Text options: ----|0|0|-1||-1|0"
-            "\n  ----- Filtering options: ----|0|0|2|-1|-1"
-            "\n  ----- Composite component bar code options: ----|0"
-            "\n  ----- Multiple barcodes options: ----|-1|-1|-1|-1|-1|0|0"
-            "\n  ----- PDF417 options: ----|-1|-1|-1|-1|0|0|0|-1||-1||-1|-1|||-1|-1|"
-            "\n  ----- DATAMATRIX options: ----|0|0|0|0|-1|-1|-1"
-            "\n  ----- MaxiCode options: |-1|-1|-1|-1||||"
-            "\n  ----- QRCode options: ----|0|0||1|-1|-1|-1|-1"
-            "\n  ----- Micro QRCode options: ----|0|1|-1"
-            "\n  ----- CodaBlock-F options: ----|-1|-1|-1|-1|0"
-            "\n  ----- Aztec Code options: ----|0|0|-1|0|0||0|A|A|"
-            "\n  ----- RSS Expanded Stacked options: ----|-1");
-}
-
-TEST(BarcodeDump, ShowsEveryOptionOnALineOfItsOwn) {
-  std::set<std::string> changing;
-  for (const auto& row : ExpectedBarcodeOptions()) {
-    const std::string name = row.names.substr(0, row.names.find(' '));
-    for (const auto& [text, value] : row.values.good) {
-      SCOPED_TRACE(name + "=" + text);
-      BarcodeSettings settings;
-      Parser::StringParser parser("--" + name + (row.isFlag() ? "" : "=\"" + text + "\""));
-      ASSERT_EQ(settings.readOptions(parser), Diag::kSuccess);
-      if (name == "imageformat") settings.format = Settings::kFormatNotSet;
-      for (const std::string& line : Changes(settings)) {
-        EXPECT_TRUE(line.ends_with(" = " + value)) << line;
-        changing.insert(name);
-      }
-    }
-    // That of "multiple" isn't shown.
-    EXPECT_EQ(changing.contains(name), name != "multiple") << name;
+// Help and usage, which scripts compare whole, and the dumps of fresh settings with every default.
+TEST(FixedTexts, AreTheDocumentedOnes) {
+  AppSettings fresh;
+  fresh.iniFile = "x.conf";
+  const struct {
+    std::string text;
+    std::size_t size;
+    std::uint32_t checksum;  // FNV-1a
+  } kRows[] = {{std::string(Settings::kUsageText), 1066, 2639480231},
+               {std::string(Settings::kHelpText), 11244, 3770324057},
+               {Filter::Version1Help(), 3844, 1484668666},
+               {fresh.printSettings(), 420, 4238016746},
+               {BarcodeSettings().printSettings(), 2756, 3505078740}};
+  for (const auto& row : kRows) {
+    std::uint32_t checksum = 2166136261u;
+    for (const char c : row.text) checksum = (checksum ^ static_cast<unsigned char>(c)) * 16777619u;
+    EXPECT_EQ(row.text.size(), row.size);
+    EXPECT_EQ(checksum, row.checksum) << row.text;
   }
 }
 
-TEST(UsageText, FitsATerminalAndHasItsFixedSize) {
-  EXPECT_EQ(Settings::kUsageText.size(), 1066u);
-  const Texts lines = Split(Settings::kUsageText, '\n');
-  EXPECT_EQ(lines[0], "Usage: vextorin job user title copies options [filename]");
-  for (const std::string& line : lines) EXPECT_LE(line.size(), 80u) << line;
-}
-
-TEST(HelpText, NamesEveryOptionWithItsDescriptionInThe29thColumn) {
-  const std::string help(Settings::kHelpText);
-  EXPECT_EQ(help.size(), 11244u);
-  for (const auto& row : ExpectedBarcodeOptions()) {
-    Texts names = Split(row.names, ' ');
-    EXPECT_NE(help.find("--" + names[0] + (row.isFlag() ? "" : "=")), std::string::npos);
-    names.erase(names.begin());
-    for (const std::string& name : names) {
-      const std::string shown = name.size() == 1 ? "  -" + name + ", --" : ", --" + name;
-      EXPECT_NE(help.find(shown), std::string::npos) << name;
-    }
+// Ascending numbers as ranges: "1-9,16".
+std::string Ranges(const std::vector<int>& numbers) {
+  std::string text;
+  for (std::size_t i = 0; i < numbers.size(); ++i) {
+    const std::size_t first = i;
+    while (i + 1 < numbers.size() && numbers[i + 1] == numbers[i] + 1) ++i;
+    text += (text.empty() ? "" : ",") + std::to_string(numbers[first]);
+    if (i > first) text += '-' + std::to_string(numbers[i]);
   }
-  bool inOptions = false;
-  for (const std::string& line : Split(help, '\n')) {
-    inOptions = line != "Examples:" && (inOptions || line == "General options:");
-    if (!inOptions || !line.starts_with(' ') || line.ends_with("--72dpiraster")) continue;
-    ASSERT_GT(line.size(), 28u) << line;
-    EXPECT_TRUE(line[27] == ' ' && line[28] != ' ') << line;
-    EXPECT_LE(line.size(), 80u) << line;
-  }
+  return text;
 }
-
-// Values by lists of type numbers: "1-9,16" holds 1 to 9 and 16.
-using ByType = std::vector<std::pair<std::string, double>>;
-
-double Lookup(const ByType& table, int type, double otherwise) {
-  for (const auto& [list, value] : table)
-    for (const std::string& range : Split(list, ',')) {
-      const int last = std::stoi(range.substr(range.find('-') + 1));
-      if (type >= std::stoi(range) && type <= last) return value;
-    }
-  return otherwise;
-}
-
-const ByType kModuleWidths = {
-    {"1-9,16,18,20,25,31-33,46-48,50,51,53,55,56,59-62,72,75,81,84,86-89,98-101,106-109", 0.254},
-    {"10-15,29,30,34-39,69,78-80", 0.339},
-    {"21,22,77", 0.423},
-    {"40-45,70,76,82,83,85,90", 0.577},
-    {"57", 0.87},
-    {"63-68", 0.47},
-};
-const ByType kHeights = {
-    {"1-9,16,18,20,25,31-33,46-48,50-53,59-62,72,75,86-89,98-101", 10.2},
-    {"10-12,37-39", 17.6},
-    {"13-15,69", 21.9},
-    {"21,22", 25.4},
-    {"29,30,78", 16.0},
-    {"34-36", 26.1},
-    {"40-45,82,83", 3.2},
-    {"63-68", 5.0},
-    {"70,90", 2.5},
-    {"76", 3.5},
-    {"77", 4.0},
-    {"85", 3.7},
-};
-const ByType kHiddenText = {{"21,22,40-45,57,63-68,70,76,77,82,83,85,90", 3}};
-const ByType kPdf417RowHeights = {{"55,56,84,106-109", 0.762}};
-const std::map<double, int> kFontSizes = {{-1.0, 8},   {0.254, 7}, {0.339, 10}, {0.423, 12},
-                                          {0.577, 17}, {0.87, 26}, {0.47, 14}};
 
 TEST(DefaultSet, FillsInTheSizesOfEveryType) {
+  std::map<std::string, std::vector<int>> types;
   for (int type = 0; type <= 130; ++type) {
-    SCOPED_TRACE(type);
-    BarcodeSettings settings;
-    settings.barcode = type;
-    settings.applyDefaultSet();
-    EXPECT_EQ(settings.modulewidth, Lookup(kModuleWidths, type, -1));
-    EXPECT_EQ(settings.height, Lookup(kHeights, type, -1));
-    EXPECT_EQ(settings.text, Lookup(kHiddenText, type, 2));
-    EXPECT_EQ(settings.fontsize, kFontSizes.at(settings.modulewidth));
-    EXPECT_DOUBLE_EQ(settings.PDFrowheight, Lookup(kPdf417RowHeights, type, -1));
-    EXPECT_EQ(settings.PDFratio, settings.PDFrowheight > 0 ? "11:1" : "");
-    EXPECT_EQ(settings.PDFratioGiven, 0);
+    BarcodeSettings set;
+    set.barcode = type;
+    set.applyDefaultSet();
+    types[Diag::Text(set.modulewidth, ' ', set.height, ' ', set.text, ' ', set.fontsize, ' ',
+                     set.PDFrowheight, ' ', set.PDFratio)]
+        .push_back(type);
+    EXPECT_EQ(set.PDFratioGiven, 0);
   }
+  std::map<std::string, std::string> sets;
+  for (const auto& [sizes, numbers] : types) sets[sizes] = Ranges(numbers);
+  // Module width, height, text position, font size, PDF417's row height and ratio.
+  EXPECT_EQ(
+      sets,
+      (std::map<std::string, std::string>{
+          {"-1 10.2 2 8 -1 ", "52"},
+          {"0.254 10.2 2 7 -1 ", "1-9,16,18,20,25,31-33,46-48,50-51,53,59-62,72,75,86-89,98-101"},
+          {"0.254 -1 2 7 -1 ", "81"},
+          {"0.254 -1 2 7 0.762 11:1", "55-56,84,106-109"},
+          {"0.339 16 2 10 -1 ", "29-30,78"},
+          {"0.339 17.6 2 10 -1 ", "10-12,37-39"},
+          {"0.339 21.9 2 10 -1 ", "13-15,69"},
+          {"0.339 26.1 2 10 -1 ", "34-36"},
+          {"0.339 -1 2 10 -1 ", "79-80"},
+          {"0.423 25.4 3 12 -1 ", "21-22"},
+          {"0.423 4 3 12 -1 ", "77"},
+          {"0.47 5 3 14 -1 ", "63-68"},
+          {"0.577 2.5 3 17 -1 ", "70,90"},
+          {"0.577 3.2 3 17 -1 ", "40-45,82-83"},
+          {"0.577 3.5 3 17 -1 ", "76"},
+          {"0.577 3.7 3 17 -1 ", "85"},
+          {"0.87 -1 3 26 -1 ", "57"},
+          {"-1 -1 2 8 -1 ", "0,17,19,23-24,26-28,49,54,58,71,73-74,91-97,102-105,110-130"},
+      }));
 }
 
 TEST(DefaultSet, LeavesWhatWasGiven) {
@@ -220,24 +161,6 @@ TEST_F(ConfigurationFile, WithHelpOptionsIsStillAppliedWhole) {
   const std::string version = testing::internal::GetCapturedStdout();
   EXPECT_TRUE(version.starts_with("Vextorin Version 1.0.0, Rev. ")) << version;
   EXPECT_TRUE(version.ends_with("\nCompilation options: --enable-libvextorin \n\n")) << version;
-}
-
-TEST_F(ConfigurationFile, IsListedInTheLogWithAllSettings) {
-  settings.iniFile = "x.conf";
-  settings.pclReset = true;
-  EXPECT_EQ(settings.printSettings(),
-            "Application settings: \nMemorySize = 65536\nOutputFile = \nGlobal x offset = 0\n"
-            "Global y offset = 0\nFilter Flag = 0\nStream Type = 0\n"
-            "Begin of Escape Sequence = $_vxrs\nEnd of Escape Sequence = $_vxre\n"
-            "Insert Mode = 0\nInsert Pattern = \nPCL Reset = 1\nSAP Flag = 0\n"
-            "Orvella Flag = 0\nv1format Flag = 0\nIgnore Barcode Error Flag = 0\n"
-            "Ignore No Data Flag = 0\nErrorFile = vextorin_error.txt\nIniFile = x.conf\n"
-            "Filter Line-by-Line Flag = 0");
-}
-
-TEST(ApplicationDirectory, HoldsTheRunningProgram) {
-  const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe");
-  EXPECT_EQ(Settings::ApplicationDirectory(), program.parent_path().string() + "/");
 }
 
 TEST(Values, ReadNumbersFromTheStartOfATextWithinBounds) {

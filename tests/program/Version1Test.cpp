@@ -271,11 +271,4 @@ TEST(Version1Text, IsSplitAtBlanksOnlyAndStopsAtTheFirstParameterThatFails) {
   EXPECT_NE(outcome.message.find("Invalid output type: \"t\"\n"), std::string::npos);
 }
 
-TEST(Version1Help, HasALineForEachParameterButP) {
-  const std::string help = Filter::Version1Help();
-  for (const std::string start : {"t<TYPE> ", "x<XPOS> ", "ot ", "O ", "QRap<", "Cf<", "d<DATA> "})
-    EXPECT_NE(help.find("\n    " + start), std::string::npos) << start;
-  EXPECT_EQ(help.find("\n    p"), std::string::npos);
-}
-
 }  // namespace

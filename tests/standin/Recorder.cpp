@@ -13,6 +13,8 @@
 //   VX_STANDIN_MAXLEN, VX_STANDIN_ERRORTEXT
 //                           answers of the state queries
 //
+// The functions of the system log are here as well; the program finds them before the C library's.
+//
 // In the log a handle is its number, counted from the first BCAlloc ("b1"), a text is quoted with
 // C escapes, a rectangle is [left top right bottom], and a size argument is the capacity given.
 #include "engine/library/vextorin9.h"
@@ -22,6 +24,7 @@
 #include <algorithm>
 #include <charconv>
 #include <concepts>
+#include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -114,6 +117,12 @@ void Log(const char* name, Arguments... arguments) {
     std::fprintf(log, "%s(%s)\n", name, line.c_str());
     std::fclose(log);
   }
+}
+
+void LogMessage(int priority, const char* format, std::va_list arguments) {
+  char text[4096];
+  std::vsnprintf(text, sizeof text, format, arguments);
+  Log("syslog", priority, std::string_view(text));
 }
 
 // The result that VX_STANDIN_FAIL asks of this call of `name`.
@@ -348,6 +357,29 @@ BCResult BC_MultiBC_CalculateLayout(BCBarcode* b, void* device, const BCRect* re
   *neededWidth = ReadNumber(Part(size, 'x', 0));
   *neededHeight = ReadNumber(Part(size, 'x', 1));
   return Call("BC_MultiBC_CalculateLayout", b, device, rect);
+}
+
+void openlog(const char* identity, int options, int facility) {
+  Log("openlog", identity, options, facility);
+}
+
+void closelog() {
+  Log("closelog");
+}
+
+void syslog(int priority, const char* format, ...) {
+  std::va_list arguments;
+  va_start(arguments, format);
+  LogMessage(priority, format, arguments);
+  va_end(arguments);
+}
+
+// What syslog is in a build with checked C library functions.
+void __syslog_chk(int priority, int, const char* format, ...) {
+  std::va_list arguments;
+  va_start(arguments, format);
+  LogMessage(priority, format, arguments);
+  va_end(arguments);
 }
 
 }  // extern "C"
