@@ -16,8 +16,8 @@ inline constexpr std::size_t kMaxSettingsSize = std::size_t{1} << 20;  // bytes
 // grid of symbols holds as much.
 inline constexpr std::size_t kMaxDataSize = std::size_t{16} << 20;
 // What one sequence may have read in all, counted in bytes of data: a file costs as much as so
-// many, a byte of options, each of which is looked up, as several. 4 MiB of options take half a
-// second.
+// many, a byte of options, each of which is looked up, as several. 4 MiB of options take a quarter
+// of a second.
 inline constexpr std::size_t kMaxFileCost = std::size_t{32} << 20;
 inline constexpr std::size_t kFileCost = 65536;
 inline constexpr std::size_t kSettingsByteCost = 8;
