@@ -388,18 +388,16 @@ std::string AutoInsert::operandCode(const Unit& unit, std::size_t begin, std::si
   return array ? '[' + code + ']' : code;
 }
 
-// The operand without what was taken, in the form that it had.
+// The operand without what was taken, as it is written.
 std::string AutoInsert::operandLeft(const Unit& unit) {
   std::string left;
   std::size_t at = unit.begin;
   for (const Part& part : unit.parts) {
     left += window().substr(at, part.begin - at);
     const std::string_view token = window().substr(part.begin, part.end - part.begin);
-    std::string bytes = part.bytes;
-    for (auto taken = part.taken.rbegin(); taken != part.taken.rend(); ++taken) {
-      bytes.erase(taken->begin, taken->end - taken->begin);
-    }
-    left += part.taken.empty() ? std::string(token) : EncodeLike(token, bytes);
+    std::vector<ByteRange> ranges;
+    for (const Taken& taken : part.taken) ranges.push_back({taken.begin, taken.end});
+    left += WithoutBytes(token, ranges);
     at = part.end;
   }
   return left += window().substr(at, unit.operandEnd - at);

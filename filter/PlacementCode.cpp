@@ -11,8 +11,8 @@ namespace {
 
 using Diag::Text;
 
-constexpr std::string_view kBegin = "\n\n% BEGIN OF BARCODE\n";
-constexpr std::string_view kEnd = "% END OF BARCODE\n\n";
+constexpr std::string_view kBegin = "\n\n% BEGIN OF TEXT PLACEMENT\n";
+constexpr std::string_view kEnd = "% END OF TEXT PLACEMENT\n\n";
 
 // c  notes the current point in device space (x y, z: there is one)    a  goes back to it
 // h  begins to hide what is painted, with matrix and current point kept   u  ends it
@@ -29,7 +29,7 @@ constexpr std::string_view kProcedures = R"(userdict/vextorin 70 dict put vextor
 /c{{currentpoint}stopped{/z false def}{transform/y exch def/x exch def/z true def}ifelse}def
 /a{z{x y itransform moveto}if}def
 /h{m currentmatrix pop c gsave nulldevice m setmatrix newpath a/on true def}def
-/u{on{c grestore a/on false def}if}def
+/u{on{c currentfont m currentmatrix grestore setmatrix{setfont}stopped{pop}if a/on false def}if}def
 /t{dup length string copy 0 1 2 index length 1 sub{1 index exch 2 copy get 255 xor put}for}def
 /k{count array astore/j exch def}def
 /e{/d countdictstack def end
@@ -64,10 +64,10 @@ dup T lt{/T exch def/U exch def}{pop pop}ifelse}ifelse}forall
 F 4 ge F 40 le and T 0 ge and{/U 1 def}if}if
 S U div dup 1 sub abs .01 lt{pop 1}if/S exch def}def
 /l{ok{D setmatrix initclip P N 2 mul 2 getinterval aload pop itransform translate
-A rotate S dup scale}{pop nulldevice}ifelse}def
-/H{/w exch def/hide false def/r currentfont def c z dup/ok exch def
+A rotate S dup scale/N N 1 add def}{nulldevice}ifelse}def
+/H{/w exch def/hide false def/N 0 def/r currentfont def c z dup/ok exch def
 {q currentmatrix aload pop pop pop f clear/P[w{pop x y}forall]def}if}def
-/B{b{/ok true def/hide true def f count array astore/P exch def}{w H}ifelse}def
+/B{b{/ok true def/hide true def/N 0 def f count array astore/P exch def}{w H}ifelse}def
 /V{/I exch def/n exch def/o exch def/g exch def[0]b{pop pop pop pop
 P I 2 mul 1 add get exch sub/dy exch def P I 2 mul get exch sub/dx exch def/sv save def
 c m currentmatrix dup 4 2 copy get dx add put dup 5 2 copy get dy add put setmatrix
@@ -79,16 +79,26 @@ std::string Block(std::string_view code) {
   return Text(kBegin, code, kEnd);
 }
 
-std::string Barcodes(const std::vector<BarcodeAt>& barcodes) {
-  std::string code;
-  for (std::size_t place = 0; place < barcodes.size(); ++place) {
-    if (barcodes[place].output.empty()) continue;
-    code += Text("vextorin/N ", place, " put\n", barcodes[place].output);
+// The characters whose places the barcodes ask for, in their order.
+std::string Characters(const std::vector<BarcodeAt>& barcodes) {
+  std::string characters;
+  for (const BarcodeAt& barcode : barcodes) {
+    if (barcode.asksForPlace()) characters += Text(barcode.character, ' ');
   }
-  return code;
+  return characters;
+}
+
+std::string Outputs(const std::vector<BarcodeAt>& barcodes) {
+  std::string outputs;
+  for (const BarcodeAt& barcode : barcodes) outputs += barcode.output;
+  return outputs;
 }
 
 }  // namespace
+
+bool BarcodeAt::asksForPlace() const {
+  return output.find(Engine::kPlacementAtText) != std::string::npos;
+}
 
 std::string HiddenString(std::string_view bytes) {
   std::string inverted(bytes);
@@ -100,10 +110,10 @@ std::string BlockBeforeText(const ShownText& text) {
   std::string code(kProcedures);
   code += Text("vextorin begin k/g{", text.operand, "}def/o{", text.operators, "\n}def/n ",
                text.length, " def[");
-  for (const BarcodeAt& barcode : text.barcodes) code += Text(barcode.character, ' ');
+  code += Characters(text.barcodes);
   for (const VisiblePart& part : text.visible) code += Text(part.begin, ' ');
-  code += Text("]B j aload pop end\n", Barcodes(text.barcodes));
-  return Block(code);
+  code += "]B j aload pop end\n";
+  return Block(code) + Outputs(text.barcodes);
 }
 
 std::string BlockBehindText(const ShownText& text) {
@@ -111,10 +121,9 @@ std::string BlockBehindText(const ShownText& text) {
     return Block(Text("userdict/vextorin known{pop vextorin begin h end ", text.operand, "}if\n"));
   }
   std::string code = "vextorin begin hide{clear\n";
-  for (std::size_t i = 0; i < text.visible.size(); ++i) {
-    const VisiblePart& part = text.visible[i];
-    code += Text('{', part.operand, "}{", part.operators, "\n}", part.length, ' ',
-                 text.barcodes.size() + i, " V\n");
+  auto place = std::ranges::count_if(text.barcodes, &BarcodeAt::asksForPlace);
+  for (const VisiblePart& part : text.visible) {
+    code += Text('{', part.operand, "}{", part.operators, "\n}", part.length, ' ', place++, " V\n");
   }
   code += Text("h j aload pop end ", text.operand, "}{end}ifelse\n");
   return Block(code);
@@ -126,22 +135,20 @@ std::string BlockBehindOperators() {
 
 std::string BlockAtCurrentPoint(const std::vector<BarcodeAt>& barcodes) {
   std::string code(kProcedures);
-  code += "vextorin begin k[";
-  for (const BarcodeAt& barcode : barcodes) code += Text(barcode.character, ' ');
-  code += Text("]H j aload pop end\n", Barcodes(barcodes));
-  return Block(code);
+  code += Text("vextorin begin k[", Characters(barcodes), "]H j aload pop end\n");
+  return Block(code) + Outputs(barcodes);
 }
 
 std::string MessagesAtText(std::string_view messages) {
   constexpr int kLineHeight = 9;  // points
-  std::string code = Text("gsave\n", Engine::kPlacementAtText,
+  std::string code = Text("\n\n% BEGIN OF MESSAGE\ngsave\n", Engine::kPlacementAtText,
                           "/Helvetica findfont 8 scalefont setfont 0 setgray\n");
   for (int line = 0; !messages.empty(); ++line) {
     const std::string_view message = messages.substr(0, messages.find('\n'));
     messages.remove_prefix(std::min(message.size() + 1, messages.size()));
     code += Text("0 ", -line * kLineHeight, " moveto ", encodeLiteral(message), " show\n");
   }
-  return code + "grestore\n";
+  return code + "grestore\n% END OF MESSAGE\n\n";
 }
 
 }  // namespace Filter

@@ -34,10 +34,13 @@ struct VisiblePart {
   std::size_t begin = 0;   // its first character within the whole text
 };
 
-// A barcode, wrapped (see AtText), and the character of the text at which it stands.
+// A barcode, wrapped to be drawn at the text, and the character of the text at which it stands.
 struct BarcodeAt {
   std::string output;
   std::size_t character = 0;
+
+  // False for one that stands at a place of its own on the page.
+  bool asksForPlace() const;
 };
 
 // An operation of the job that shows a text.

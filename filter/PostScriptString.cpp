@@ -271,4 +271,57 @@ std::string EncodeLike(std::string_view token, std::string_view bytes) {
   return literal;
 }
 
+namespace {
+
+// For every byte that a token stands for the offset where it is written, and one for the end.
+std::vector<std::size_t> LiteralOffsets(std::string_view token) {
+  const std::size_t end = token.size() - ClosesLiteral(token);
+  std::vector<std::size_t> offsets;
+  std::string bytes;
+  for (std::size_t at = 1; at < end;) {
+    const std::size_t begin = at;
+    bytes.clear();
+    if (token[at] != '\\') {
+      bytes = token[at++];
+    } else if (++at < end) {
+      at = DecodeEscape(token.substr(0, end), at, bytes);
+    }
+    if (!bytes.empty()) offsets.push_back(begin);
+  }
+  offsets.push_back(end);
+  return offsets;
+}
+
+std::vector<std::size_t> HexadecimalOffsets(std::string_view token) {
+  std::vector<std::size_t> offsets;
+  std::size_t digits = 0;
+  for (std::size_t at = 1; at + 1 < token.size(); ++at) {
+    if (IsSpace(token[at])) continue;
+    if (digits++ % 2 == 0) offsets.push_back(at);
+  }
+  offsets.push_back(token.size() - 1);
+  return offsets;
+}
+
+}  // namespace
+
+std::string WithoutBytes(std::string_view token, const std::vector<ByteRange>& ranges) {
+  if (FormOf(token) == StringForm::kAscii85) {
+    std::string bytes = decodeAscii85(token);
+    for (auto range = ranges.rbegin(); range != ranges.rend(); ++range) {
+      bytes.erase(range->begin, range->end - range->begin);
+    }
+    return encodeAscii85(bytes);
+  }
+  const std::vector<std::size_t> offsets =
+      FormOf(token) == StringForm::kLiteral ? LiteralOffsets(token) : HexadecimalOffsets(token);
+  std::string rest;
+  std::size_t from = 0;
+  for (const ByteRange& range : ranges) {
+    rest += token.substr(from, offsets[range.begin] - from);
+    from = offsets[range.end];
+  }
+  return rest += token.substr(from);
+}
+
 }  // namespace Filter

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace Filter {
 
@@ -56,5 +57,13 @@ std::string encodeAscii85(std::string_view bytes);
 std::string DecodeString(std::string_view token);
 // As `token` was written; a token that its line's or the job's end cut off stays cut off.
 std::string EncodeLike(std::string_view token, std::string_view bytes);
+
+// A range of the bytes that a token stands for.
+struct ByteRange {
+  std::size_t begin = 0, end = 0;
+};
+// The token without these bytes. What stands around them in a literal or hexadecimal string stays
+// as it is written. REQUIRES: the ranges are in order and don't overlap.
+std::string WithoutBytes(std::string_view token, const std::vector<ByteRange>& ranges);
 
 }  // namespace Filter
