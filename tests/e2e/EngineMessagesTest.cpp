@@ -91,10 +91,13 @@ TEST(EngineMessages, TellsThatMemoryIsNotToBeHad) {
     SCOPED_TRACE(testing::PrintToString(program.settings));
     const Environment answers = {
         {"VX_STANDIN_NEEDED", "2147483647"},
-        {"ASAN_OPTIONS", "allocator_may_return_null=1:max_allocation_size_mb=1024"}};
+        // The barcode that finds no memory is left to the library.
+        {"ASAN_OPTIONS", "allocator_may_return_null=1:max_allocation_size_mb=1024:detect_leaks=0"}};
     const LittleMemory little;
     const Program::Result result = Recorded(program, answers).run("\033E$_vxrs --data=1 $_vxre");
-    EXPECT_EQ(result.errors, errors);
+    std::string told = result.errors;
+    if (told.starts_with("==")) told.erase(0, told.find('\n') + 1);  // the sanitizer's own warning
+    EXPECT_EQ(told, errors);
     EXPECT_EQ(result.status, 80);
   }
 }
