@@ -346,9 +346,10 @@ std::string AutoInsert::rewritten(const Unit& unit) {
 
 ShownText AutoInsert::describe(const Unit& unit) {
   ShownText shown;
-  shown.length = unit.length();
-  shown.operand = operandCode(unit, 0, shown.length);
-  shown.operators = operatorsFor(unit, 0, shown.length);
+  for (const Part& part : unit.parts) shown.bytes += part.bytes;
+  const std::size_t length = shown.bytes.size();
+  shown.operand = operandCode(unit, 0, length);
+  shown.operators = operatorsFor(unit, 0, length);
   std::size_t partBegin = 0;
   std::size_t visibleFrom = 0;
   const auto addVisible = [&](std::size_t end) {
@@ -364,7 +365,7 @@ ShownText AutoInsert::describe(const Unit& unit) {
     }
     partBegin += part.bytes.size();
   }
-  addVisible(shown.length);
+  addVisible(length);
   return shown;
 }
 
@@ -378,9 +379,8 @@ std::string AutoInsert::operandCode(const Unit& unit, std::size_t begin, std::si
     const std::size_t partEnd = partBegin + part.bytes.size();
     if (partBegin > begin && partBegin < end) code += window().substr(at, part.begin - at);
     if (partEnd > begin && partBegin < end) {
-      const std::size_t from = std::max(begin, partBegin) - partBegin;
-      code += HiddenString(
-          std::string_view(part.bytes).substr(from, std::min(end, partEnd) - partBegin - from));
+      const std::size_t from = std::max(begin, partBegin);
+      code += PartOfText(from, std::min(end, partEnd) - from);
     }
     at = part.end;
     partBegin = partEnd;

@@ -43,6 +43,14 @@ double SizeInFront(std::string_view text, std::string_view word) {
   return 0;
 }
 
+// (text) show dx dy rmoveto, in a font that "12 scalefont setfont" has set.
+std::optional<double> MovementInPoints(std::string_view history,
+                                       const std::vector<double>& numbers) {
+  const double size = SizeInFront(history, " scalefont");
+  if (size <= 0 || numbers[1] != 0) return std::nullopt;
+  return numbers[0] / size;
+}
+
 // ---------------------------------------------------------------- dvips
 //
 // Units are those of the device. (text) p shows; (text) dx b shows and moves by dx, which c to k
@@ -107,6 +115,8 @@ std::optional<double> PenMovement(Producer producer, std::string_view history,
   // (text) [widths] Tj  kern TJm
   if (words.name == "TJm" && words.names == 2 && !words.numbers.empty())
     return -words.numbers.back() / kThousandths;
+  if (words.name == "rmoveto" && words.names == 2 && words.numbers.size() == 2)
+    return MovementInPoints(history, words.numbers);
   if (producer.dvips) return DvipsMovement(producer, words);
   if (producer.groff) return GroffMovement(history, WordsOf(std::string(behind) + ' '));
   return std::nullopt;

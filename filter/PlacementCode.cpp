@@ -18,12 +18,14 @@ constexpr std::string_view kEnd = "% END OF TEXT PLACEMENT\n\n";
 // h  begins to hide what is painted, with matrix and current point kept   u  ends it
 // t  inverts a string's bits     k  takes the operand stack off (j)      e  runs operand g and
 //    operators o on it, and tidies up
-// p  the font that notes places (v, the last n of i) and has the metrics of font r
+// W  the whole text              T  the text of a trial
+// p  the font that notes characters (C, i of them) and their places (v) with the metrics of font r
+// y  where T stands in C for the last time, or -1
 // b  [characters] b  x y ...  a b c d true | false: a trial
 // f  a b c d f: the angle A and scale S of the page in the text's matrix
 // P  the places found            l  goes to place N
 // B  [characters] B: places of characters by a trial, else (hide false) the current point
-// H  the same without a trial    V  operand operators length place V: shows a visible part
+// H  the same without a trial    V  begin length operand operators place V: shows a visible part
 constexpr std::string_view kProcedures = R"(userdict/vextorin 70 dict put vextorin begin
 /m matrix def/q matrix def/D matrix defaultmatrix def/s 1 string def/on false def
 /c{{currentpoint}stopped{/z false def}{transform/y exch def/x exch def/z true def}ifelse}def
@@ -38,12 +40,14 @@ countdictstack vextorin/d get 1 sub sub dup 0 gt{{end}repeat}{pop}ifelse vextori
 /p 8 dict def p begin/FontType 3 def/FontMatrix matrix def/FontBBox[0 0 0 0]def
 /Encoding 256 array def 0 1 255{Encoding exch/.notdef put}for
 /BuildChar{exch pop vextorin begin s exch 0 exch put q currentmatrix pop
-v i n mod 2 mul 0 0 transform 3 index 3 index 1 add 3 -1 roll put put
-/i i 1 add def gsave r setfont s stringwidth grestore setcharwidth end}def end
-/b{/w exch def/i 0 def/v n 2 mul array def/r currentfont def/sv save def
-h/vextorin p definefont setfont e
-i n lt{false}{w{i n sub add n mod 2 mul v exch 2 getinterval aload pop}forall
-q aload pop pop pop true}ifelse sv restore}def
+i C length lt{C i s putinterval v i 2 mul 0 0 transform 3 index 3 index 1 add 3 -1 roll put put
+/i i 1 add def}if gsave r setfont s stringwidth grestore setcharwidth end}def end
+/y{-1/O 0 def C 0 i getinterval{T search{length O add 3 1 roll pop exch 3 -1 roll pop exch
+1 index T length add/O exch def}{pop exit}ifelse}loop}def
+/b{/w exch def/i 0 def/C T length 4 mul 64 add string def/v C length 2 mul array def/r currentfont def
+/sv save def h/vextorin p definefont setfont e
+y dup 0 lt{pop false}{w{1 index add 2 mul v exch 2 getinterval aload pop 3 -1 roll}forall
+pop q aload pop pop pop true}ifelse sv restore}def
 /dt{aload pop pop pop 4 -1 roll mul 3 1 roll mul sub abs}def
 /f{0 0 6 array astore/Q exch def
 /M r/FontMatrix known{r/FontMatrix get}{matrix}ifelse def
@@ -68,12 +72,19 @@ A rotate S dup scale/N N 1 add def}{nulldevice}ifelse}def
 /H{/w exch def/hide false def/N 0 def/r currentfont def c z dup/ok exch def
 {q currentmatrix aload pop pop pop f clear/P[w{pop x y}forall]def}if}def
 /B{b{/ok true def/hide true def/N 0 def f count array astore/P exch def}{w H}ifelse}def
-/V{/I exch def/n exch def/o exch def/g exch def[0]b{pop pop pop pop
+/V{/I exch def/o exch def/g exch def W 3 1 roll getinterval/T exch def[0]b{pop pop pop pop
 P I 2 mul 1 add get exch sub/dy exch def P I 2 mul get exch sub/dx exch def/sv save def
 c m currentmatrix dup 4 2 copy get dx add put dup 5 2 copy get dy add put setmatrix
 z{x dx add y dy add itransform moveto}if e sv restore}if}def
 end
 )";
+
+// A string as code that begins with a vextorin begin; its bytes do not show in it.
+std::string HiddenString(std::string_view bytes) {
+  std::string inverted(bytes);
+  for (char& byte : inverted) byte = static_cast<char>(~byte);
+  return encodeHex(inverted) + "t ";
+}
 
 std::string Block(std::string_view code) {
   return Text(kBegin, code, kEnd);
@@ -100,16 +111,14 @@ bool BarcodeAt::asksForPlace() const {
   return output.find(Engine::kPlacementAtText) != std::string::npos;
 }
 
-std::string HiddenString(std::string_view bytes) {
-  std::string inverted(bytes);
-  for (char& byte : inverted) byte = static_cast<char>(~byte);
-  return encodeHex(inverted) + "vextorin/t get exec ";
+std::string PartOfText(std::size_t begin, std::size_t length) {
+  return Text("vextorin/W get ", begin, ' ', length, " getinterval ");
 }
 
 std::string BlockBeforeText(const ShownText& text) {
   std::string code(kProcedures);
-  code += Text("vextorin begin k/g{", text.operand, "}def/o{", text.operators, "\n}def/n ",
-               text.length, " def[");
+  code += Text("vextorin begin k/W ", HiddenString(text.bytes), "def/T W def/g{", text.operand,
+               "}def/o{", text.operators, "\n}def[");
   code += Characters(text.barcodes);
   for (const VisiblePart& part : text.visible) code += Text(part.begin, ' ');
   code += "]B j aload pop end\n";
@@ -118,12 +127,14 @@ std::string BlockBeforeText(const ShownText& text) {
 
 std::string BlockBehindText(const ShownText& text) {
   if (text.barcodes.empty() && text.visible.empty()) {
-    return Block(Text("userdict/vextorin known{pop vextorin begin h end ", text.operand, "}if\n"));
+    return Block(Text("userdict/vextorin known{pop vextorin begin/W ", HiddenString(text.bytes),
+                      "def h end ", text.operand, "}if\n"));
   }
   std::string code = "vextorin begin hide{clear\n";
   auto place = std::ranges::count_if(text.barcodes, &BarcodeAt::asksForPlace);
   for (const VisiblePart& part : text.visible) {
-    code += Text('{', part.operand, "}{", part.operators, "\n}", part.length, ' ', place++, " V\n");
+    code += Text(part.begin, ' ', part.length, '{', part.operand, "}{", part.operators, "\n}",
+                 place++, " V\n");
   }
   code += Text("h j aload pop end ", text.operand, "}{end}ifelse\n");
   return Block(code);

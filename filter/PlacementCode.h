@@ -45,15 +45,15 @@ struct BarcodeAt {
 
 // An operation of the job that shows a text.
 struct ShownText {
+  std::string bytes;
   std::string operand;    // code that leaves the whole text on the stack: a string, an array
   std::string operators;  // behind it, up to the one that shows it
-  std::size_t length = 0;
   std::vector<BarcodeAt> barcodes;
   std::vector<VisiblePart> visible;
 };
 
-// A string as code; its bytes do not show in it.
-std::string HiddenString(std::string_view bytes);
+// Code that leaves a range of the text's bytes on the stack.
+std::string PartOfText(std::size_t begin, std::size_t length);
 
 // The blocks around the text. A text without barcodes and visible parts needs no block in front.
 std::string BlockBeforeText(const ShownText& text);
