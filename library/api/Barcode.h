@@ -7,6 +7,7 @@
 #include "library/symbology/Symbol.h"
 
 #include <optional>
+#include <string>
 #include <vector>
 
 struct BCBarcode {
@@ -17,10 +18,18 @@ struct BCBarcode {
     std::optional<Library::GridShape> shape;  // once a layout query found room
   };
 
+  // Output that found too small a buffer: callers ask again with a larger one.
+  struct KeptOutput {
+    BCRect rect;
+    bool overhead;
+    std::string text;
+  };
+
   Library::Options options;
   // Between BCCreate and the next change; of a grid the first one.
   std::optional<Library::Symbol> symbol;
-  std::optional<Grid> grid;  // until the next change
+  std::optional<Grid> grid;        // until the next change
+  std::optional<KeptOutput> kept;  // until the next change of anything or the next output
   Library::Error lastError{BC_OK};
 };
 

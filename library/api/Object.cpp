@@ -85,6 +85,7 @@ BCResult BCFree(BCBarcode* b) {
 BCResult BCCreate(BCBarcode* b) {
   return Guarded(b, [](BCBarcode& barcode) {
     barcode.symbol.reset();
+    barcode.kept.reset();
     barcode.lastError = Error(BC_OK);
     const bool grid = barcode.options.grid.enabled;
     Symbol symbol = grid ? EncodedGrid(barcode).symbols.front() : Encode(barcode.options);

@@ -9,6 +9,9 @@
 #include <cmath>
 #include <cstring>
 #include <limits>
+#include <optional>
+#include <string>
+#include <utility>
 
 using namespace Library;
 
@@ -40,21 +43,17 @@ Drawing DrawingIn(const BCBarcode& barcode, const BCRect& rect) {
   return LayOutGrid(symbols, options, shape ? *shape : PlanFor(barcode, rect).shape, rect);
 }
 
-// Into the caller's buffer; with room left also a terminator.
-void Deliver(const std::string& text, char* buffer, uint32_t* size) {
-  const uint32_t capacity = *size;
-  *size = static_cast<uint32_t>(text.size());
-  if (text.size() > capacity) throw Error(BC_E_BUFFERTOOSMALL);
-  std::memcpy(buffer, text.data(), text.size());
-  if (text.size() < capacity) buffer[text.size()] = '\0';
+bool SameRectangle(const BCRect& a, const BCRect& b) {
+  return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
 }
 
-BCResult Write(BCBarcode* b, char* buffer, uint32_t* size, const BCRect* rect,
-               const Writer& writer) {
-  return Guarded(b, [&](BCBarcode& barcode) {
-    if (!buffer || !size || !rect) Reject();
-    Deliver(writer.write(DrawingIn(barcode, *rect)), buffer, size);
-  });
+std::string PostScriptIn(BCBarcode& barcode, const BCRect& rect, bool overhead) {
+  RequireCreated(barcode);
+  std::optional<BCBarcode::KeptOutput> kept = std::exchange(barcode.kept, std::nullopt);
+  if (kept && kept->overhead == overhead && SameRectangle(kept->rect, rect)) {
+    return std::move(kept->text);
+  }
+  return PostScriptWriter(overhead).write(DrawingIn(barcode, rect));
 }
 
 BCResult NotSupported(BCBarcode* b, const char* buffer, const uint32_t* size, const BCRect* rect) {
@@ -99,6 +98,7 @@ BCResult BC_MultiBC_CalculateLayout(BCBarcode* b, void*, const BCRect* rect, int
     if (!rect || !neededWidth || !neededHeight || !barcode.options.grid.enabled) Reject();
     BCBarcode::Grid& grid = EncodedGrid(barcode);
     grid.shape.reset();
+    barcode.kept.reset();
     const GridPlan plan = PlanGrid(grid.symbols, barcode.options, SizeOf(*rect));
     *neededWidth = RoundedUp(plan.size.width);
     *neededHeight = RoundedUp(plan.size.height);
@@ -107,9 +107,21 @@ BCResult BC_MultiBC_CalculateLayout(BCBarcode* b, void*, const BCRect* rect, int
   });
 }
 
+// With room left behind the text also a terminator.
 BCResult BCPostscriptToMemoryExt(BCBarcode* b, char* buffer, uint32_t* size, const BCRect* rect,
                                  int overhead) {
-  return Write(b, buffer, size, rect, PostScriptWriter(overhead != 0));
+  return Guarded(b, [&](BCBarcode& barcode) {
+    if (!buffer || !size || !rect) Reject();
+    std::string text = PostScriptIn(barcode, *rect, overhead != 0);
+    const uint32_t capacity = *size;
+    *size = static_cast<uint32_t>(text.size());
+    if (text.size() > capacity) {
+      barcode.kept = BCBarcode::KeptOutput{*rect, overhead != 0, std::move(text)};
+      throw Error(BC_E_BUFFERTOOSMALL);
+    }
+    std::memcpy(buffer, text.data(), text.size());
+    if (text.size() < capacity) buffer[text.size()] = '\0';
+  });
 }
 
 BCResult BCPCLToMemoryExt(BCBarcode* b, char* buffer, uint32_t* size, const BCRect* rect, int) {

@@ -64,6 +64,7 @@ BCResult Apply(BCBarcode* handle, Change&& change) noexcept {
     change(barcode.options);
     barcode.symbol.reset();
     barcode.grid.reset();
+    barcode.kept.reset();
   });
 }
 
@@ -72,6 +73,7 @@ template <class Change>
 BCResult Arrange(BCBarcode* handle, Change&& change) noexcept {
   return Guarded(handle, [&](BCBarcode& barcode) {
     LayoutOptions& layout = barcode.options;
+    barcode.kept.reset();
     change(layout);
   });
 }

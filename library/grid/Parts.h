@@ -15,7 +15,8 @@ namespace Library {
 // makes one.
 //
 // Throws Error as Encode does; BC_E_DATATOOLONG also for more symbols than the structured append
-// can number or more work than kMaxGridModules, BC_E_NOTSUPPORTED for a type without the one asked for.
+// can number and more work than kMaxGridModules, BC_E_NOTSUPPORTED for a type without the one asked
+// for.
 std::vector<Symbol> EncodeParts(const Options& options);
 
 }  // namespace Library

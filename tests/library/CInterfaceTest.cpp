@@ -343,6 +343,16 @@ TEST_F(CInterface, SaysHowMuchRoomTheOutputNeeds) {
   }
   EXPECT_EQ(write(size), BC_OK);
   EXPECT_EQ(output, whole);
+  // What was asked for in vain is not what is asked for after a change.
+  EXPECT_EQ(write(10), BC_E_BUFFERTOOSMALL);
+  ASSERT_EQ(BCSetRotation(barcode, 1), BC_OK);
+  EXPECT_EQ(write(), BC_OK);
+  EXPECT_NE(output, whole);
+  EXPECT_EQ(write(10), BC_E_BUFFERTOOSMALL);
+  ASSERT_EQ(create(20, "5678"), BC_OK);
+  ASSERT_EQ(BCSetRotation(barcode, 0), BC_OK);
+  EXPECT_EQ(write(), BC_OK);
+  EXPECT_NE(output, whole);
 }
 
 }  // namespace
