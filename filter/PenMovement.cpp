@@ -11,7 +11,7 @@ constexpr double kThousandths = 1000;
 
 struct Words {
   std::vector<double> numbers;
-  std::string_view name;  // the last executable one
+  std::string name;  // the last executable one
   std::size_t names = 0;
   bool other = false;  // procedures, dictionaries, literal names
 };

@@ -20,7 +20,7 @@ constexpr std::string_view kEnd = "% END OF TEXT PLACEMENT\n\n";
 //    operators o on it, and tidies up
 // W  the whole text              T  the text of a trial
 // p  the font that notes characters (C, i of them) and their places (v) with the metrics of font r
-// y  where T stands in C for the last time, or -1
+// Y  where T stands in C for the last time, or -1
 // b  [characters] b  x y ...  a b c d true | false: a trial
 // f  a b c d f: the angle A and scale S of the page in the text's matrix
 // P  the places found            l  goes to place N
@@ -42,11 +42,11 @@ countdictstack vextorin/d get 1 sub sub dup 0 gt{{end}repeat}{pop}ifelse vextori
 /BuildChar{exch pop vextorin begin s exch 0 exch put q currentmatrix pop
 i C length lt{C i s putinterval v i 2 mul 0 0 transform 3 index 3 index 1 add 3 -1 roll put put
 /i i 1 add def}if gsave r setfont s stringwidth grestore setcharwidth end}def end
-/y{-1/O 0 def C 0 i getinterval{T search{length O add 3 1 roll pop exch 3 -1 roll pop exch
+/Y{-1/O 0 def C 0 i getinterval{T search{length O add 3 1 roll pop exch 3 -1 roll pop exch
 1 index T length add/O exch def}{pop exit}ifelse}loop}def
 /b{/w exch def/i 0 def/C T length 4 mul 64 add string def/v C length 2 mul array def/r currentfont def
 /sv save def h/vextorin p definefont setfont e
-y dup 0 lt{pop false}{w{1 index add 2 mul v exch 2 getinterval aload pop 3 -1 roll}forall
+Y dup 0 lt{pop false}{w{1 index add 2 mul v exch 2 getinterval aload pop 3 -1 roll}forall
 pop q aload pop pop pop true}ifelse sv restore}def
 /dt{aload pop pop pop 4 -1 roll mul 3 1 roll mul sub abs}def
 /f{0 0 6 array astore/Q exch def
@@ -112,7 +112,7 @@ bool BarcodeAt::asksForPlace() const {
 }
 
 std::string PartOfText(std::size_t begin, std::size_t length) {
-  return Text("vextorin/W get ", begin, ' ', length, " getinterval ");
+  return Text(" vextorin/W get ", begin, ' ', length, " getinterval ");
 }
 
 std::string BlockBeforeText(const ShownText& text) {
