@@ -9,8 +9,8 @@
 
 namespace Engine {
 
-// Goes to the place that the filter's code around a shown text has found, in a graphics state of its
-// own.
+// Goes to the place that the filter's code around a shown text has found, in a graphics state of
+// its own.
 inline constexpr std::string_view kPlacementAtText =
     "% go to the place of the text\n"
     "vextorin begin l end\n";

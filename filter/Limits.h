@@ -8,7 +8,7 @@ namespace Filter {
 // No interpreter takes longer strings (65,535 bytes in PostScript level 2; ASCII85 and octal
 // escapes multiply that by four at the most), so a longer one is binary data that happens to hold
 // an opening delimiter.
-inline constexpr std::size_t kLongestString = 1024 * 1024;
+inline constexpr std::size_t kLongestString = 1024 * 1024 + 64 * 1024;
 
 // A longer comment is read as code from there on.
 inline constexpr std::size_t kLongestComment = 1024 * 1024;

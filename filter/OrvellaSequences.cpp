@@ -70,7 +70,8 @@ std::size_t OrvellaSequences::sizeToEnd(std::size_t front, std::string_view end,
   while (from < kLongestSequence) {
     const std::string_view window = job.stream.peek(from + end.size());
     const std::size_t found = window.find(end, from);
-    if (found != std::string_view::npos) return found + end.size();
+    if (found < kLongestSequence) return found + end.size();
+    if (found != std::string_view::npos) break;
     from = std::max(from, window.size() - std::min(window.size(), end.size() - 1));
     if (!job.stream.extend()) break;
   }

@@ -199,18 +199,15 @@ bool PostScriptScanner::visitExit(std::size_t at) {
 
 // Nothing in a comment is searched for sequences; its line end is code again.
 bool PostScriptScanner::visitComment(std::size_t at) {
-  std::string_view window = stream.peek(at + kCommentText);
-  std::size_t end = window.find_first_of("\r\n", at);
-  const std::string_view comment = window.substr(at, std::min(end, window.size()) - at);
+  std::size_t end = stream.peek(at + kCommentText).find_first_of("\r\n", at);
   while (end == kNone) {
-    const std::size_t seen = window.size();
+    const std::size_t seen = stream.peek(0).size();
     if (seen - at > kLongestComment || !stream.extend()) break;
-    window = stream.peek(0);
-    end = window.find_first_of("\r\n", seen);
+    end = stream.peek(0).find_first_of("\r\n", seen);
   }
+  const std::string_view window = stream.peek(0);
   skipTo = std::min(end, window.size());
-  if (!comment.starts_with("%%") && !comment.starts_with("%DVIPS")) return false;
-  readComment(std::string(window.substr(at, std::min(skipTo - at, kCommentText))));
+  readComment(window.substr(at, std::min(skipTo - at, kCommentText)));
   if (data.finished()) return false;
   if (window.substr(skipTo).starts_with("\r\n")) ++skipTo;
   restartAt(std::min(skipTo + 1, window.size()));
@@ -315,10 +312,20 @@ bool PostScriptScanner::findStringAround(std::size_t at) {
   }
   // No string holds the token. Behind data it stands among operators; otherwise the string is cut
   // off by the end of the job.
-  if (foreign) return stopAt(at, Found::kBeginToken);
+  if (foreign) {
+    stringBegin = kNone;
+    depth = 0;
+    return !inComment(at) && stopAt(at, Found::kBeginToken);
+  }
   const std::size_t rest = stream.peek(0).size() - stringBegin;
   return stream.inputEnded() && rest <= kLongestString &&
          stopAtString(stringBegin, rest, Found::kString);
+}
+
+// Whether the line in front of `at`, if it is code, is a comment there.
+bool PostScriptScanner::inComment(std::size_t at) {
+  const std::string_view front = stream.before(at, kCommentText);
+  return front.substr(front.find_last_of("\r\n") + 1).find('%') != kNone;
 }
 
 // kNone when there is none, it is not closed, or it is longer than any string.

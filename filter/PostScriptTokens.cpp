@@ -41,6 +41,7 @@ Token String(std::string_view text, std::size_t begin) {
   StringScanner scanner;
   const std::size_t size = scanner.scan(text.substr(begin));
   if (size == kNone) return {Token::kEnd, begin, text.size()};
+  if (size == StringScanner::kNoString) return {Token::kName, begin, begin + 1};
   return {Token::kString, begin, begin + size};
 }
 

@@ -45,21 +45,20 @@ ResultCode RawSequences::handleEscapeSequence(std::uint64_t lineBegin) {
   const bool atText = job.isPostScript() && job.application.insertMode == Settings::kInsertAuto;
   const ResultCode result =
       atText ? maker.processForText(text, place) : maker.processSequence(text, place);
-  job.stream.consume(size);
   if (!maker.insertsAfter(result)) text.clear();
   if (atText && !text.empty()) text = BlockAtCurrentPoint({{text, 0}});
-  insert(text, sequence, lineBegin);
+  replace(size, InPlaceOf(sequence, job), text, lineBegin);
   return result;
 }
 
-// Writes what the sequence amounts to and what stands in its place, in the order of the insert
-// mode.
-void RawSequences::insert(std::string& output, std::string_view sequence, std::uint64_t lineBegin) {
-  const std::string blanks = InPlaceOf(sequence, job);
+// Puts blanks and what the sequence amounts to in its place, in the order of the insert mode.
+void RawSequences::replace(std::size_t size, std::string_view blanks, std::string_view output,
+                           std::uint64_t lineBegin) {
   const bool behind = job.application.insertMode == Settings::kInsertAfterString;
-  if (behind) job.stream.putString(blanks);
-  if (!output.empty()) placement.place(output, false, lineBegin);
-  if (!behind) job.stream.putString(blanks);
+  if (!behind && !output.empty()) placement.place(output, false, lineBegin);
+  job.stream.consume(size);
+  job.stream.putString(blanks);
+  if (behind && !output.empty()) placement.place(output, false, lineBegin);
 }
 
 // The length of the sequence at the window's front; 0 when it has no end, or is longer than any.
@@ -75,7 +74,8 @@ std::size_t RawSequences::sizeToEnd() {
   while (from < kLongestSequence) {
     const std::string_view window = job.stream.peek(from + 1);
     const std::size_t end = window.find(endToken, from);
-    if (end != std::string_view::npos) return end + endToken.size();
+    if (end < kLongestSequence) return end + endToken.size();
+    if (end != std::string_view::npos) break;
     from = std::max(from, window.size() - std::min(window.size(), endToken.size() - 1));
     if (!job.stream.extend()) break;
   }

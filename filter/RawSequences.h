@@ -27,7 +27,8 @@ class RawSequences {
 
  private:
   std::size_t sizeToEnd();
-  void insert(std::string& output, std::string_view sequence, std::uint64_t lineBegin);
+  void replace(std::size_t size, std::string_view blanks, std::string_view output,
+               std::uint64_t lineBegin);
   Diag::ResultCode reportUnclosed();
 
   Job& job;
