@@ -222,6 +222,10 @@ void AutoInsert::addText(Unit& unit) {
     }
     part.textBegin = text.size();
     text += part.bytes;
+    if (const char hyphen = producer.otherHyphen()) {
+      std::replace(text.begin() + static_cast<std::ptrdiff_t>(part.textBegin), text.end(), hyphen,
+                   '-');
+    }
     before = &part;
   }
 }

@@ -92,7 +92,8 @@ std::optional<double> GroffMovement(std::string_view history, const Words& behin
 }  // namespace
 
 void Producer::readComment(std::string_view comment) {
-  if (comment.starts_with("%%Creator:")) {
+  if (comment.starts_with("%%Creator:") && !known) {  // those behind it are of pictures in the job
+    known = true;
     dvips = comment.find("dvips") != std::string_view::npos;
     groff = comment.find("groff") != std::string_view::npos;
   }

@@ -11,9 +11,14 @@ namespace Filter {
 
 // Who wrote a job, as far as operators tell them apart.
 struct Producer {
+  bool known = false;
   bool dvips = false;
   bool groff = false;
   double unitsPerInch = 600;  // of dvips
+
+  // The byte that stands for a hyphen in text, as "-" does; 0 without one. groff writes its minus
+  // sign so.
+  char otherHyphen() const { return groff ? '\255' : '\0'; }
 
   // Takes in a comment line of the job.
   void readComment(std::string_view comment);

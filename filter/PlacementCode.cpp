@@ -22,7 +22,9 @@ constexpr std::string_view kEnd = "% END OF TEXT PLACEMENT\n\n";
 // p  the font that notes characters (C, i of them) and their places (v) with the metrics of font r
 // Y  where T stands in C for the last time, or -1
 // b  [characters] b  x y ...  a b c d true | false: a trial
-// f  a b c d f: the angle A and scale S of the page in the text's matrix
+// f  a b c d f: the angle A and scale S of the page in the text's matrix. F is the font's size, of
+//    which a Type 3 font tells nothing: its characters are taken for half as wide as high. U is the
+//    unit that the program writes in, in points (see docs/producers.md)
 // P  the places found            l  goes to place N
 // B  [characters] B: places of characters by a trial, else (hide false) the current point
 // H  the same without a trial    V  begin length operand operators place V: shows a visible part
@@ -55,7 +57,8 @@ M 0 get M 1 get Q dtransform D idtransform 2 copy 0 eq exch 0 eq and{pop 1 exch}
 dup 90 div round 90 mul 2 copy sub abs .05 lt{exch}if pop/A exch def
 /S Q dt D dt div sqrt def
 /F M 2 get dup mul M 3 get dup mul add sqrt r/FontType known{r/FontType get}{1}ifelse
-dup 3 eq{pop pop 0}{0 eq{1}{1000}ifelse mul}ifelse def
+dup 3 eq{pop pop vextorin/W known{gsave r setfont W stringwidth grestore dup mul exch dup mul add sqrt
+W length div 2 mul}{0}ifelse}{0 eq{1}{1000}ifelse mul}ifelse def
 /U 1 def
 S .3 lt S 1.5 gt or{/U S def/T 9 def
 [/TeXDict where{/TeXDict get dup/Resolution known{/Resolution get 72 exch div}{pop}ifelse}if
