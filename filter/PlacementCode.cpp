@@ -14,6 +14,8 @@ using Diag::Text;
 constexpr std::string_view kBegin = "\n\n% BEGIN OF TEXT PLACEMENT\n";
 constexpr std::string_view kEnd = "% END OF TEXT PLACEMENT\n\n";
 
+// The job's own procedures, those of its fonts included, run with vextorin off the dictionary stack.
+//
 // c  notes the current point in device space (x y, z: there is one)    a  goes back to it
 // h  begins to hide what is painted, with matrix and current point kept   u  ends it
 // t  inverts a string's bits     k  takes the operand stack off (j)      e  runs operand g and
@@ -43,7 +45,7 @@ countdictstack vextorin/d get 1 sub sub dup 0 gt{{end}repeat}{pop}ifelse vextori
 /Encoding 256 array def 0 1 255{Encoding exch/.notdef put}for
 /BuildChar{exch pop vextorin begin s exch 0 exch put q currentmatrix pop
 i C length lt{C i s putinterval v i 2 mul 0 0 transform 3 index 3 index 1 add 3 -1 roll put put
-/i i 1 add def}if gsave r setfont s stringwidth grestore setcharwidth end}def end
+/i i 1 add def}if end gsave vextorin/r get setfont vextorin/s get stringwidth grestore setcharwidth}def end
 /Y{-1/O 0 def C 0 i getinterval{T search{length O add 3 1 roll pop exch 3 -1 roll pop exch
 1 index T length add/O exch def}{pop exit}ifelse}loop}def
 /b{/w exch def/i 0 def/C T length 4 mul 64 add string def/v C length 2 mul array def/r currentfont def
@@ -57,8 +59,8 @@ M 0 get M 1 get Q dtransform D idtransform 2 copy 0 eq exch 0 eq and{pop 1 exch}
 dup 90 div round 90 mul 2 copy sub abs .05 lt{exch}if pop/A exch def
 /S Q dt D dt div sqrt def
 /F M 2 get dup mul M 3 get dup mul add sqrt r/FontType known{r/FontType get}{1}ifelse
-dup 3 eq{pop pop vextorin/W known{gsave r setfont W stringwidth grestore dup mul exch dup mul add sqrt
-W length div 2 mul}{0}ifelse}{0 eq{1}{1000}ifelse mul}ifelse def
+dup 3 eq{pop pop vextorin/W known{gsave r setfont end vextorin/W get stringwidth vextorin begin grestore
+dup mul exch dup mul add sqrt W length div 2 mul}{0}ifelse}{0 eq{1}{1000}ifelse mul}ifelse def
 /U 1 def
 S .3 lt S 1.5 gt or{/U S def/T 9 def
 [/TeXDict where{/TeXDict get dup/Resolution known{/Resolution get 72 exch div}{pop}ifelse}if
