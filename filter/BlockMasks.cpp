@@ -12,7 +12,7 @@ namespace Filter {
 namespace {
 
 // What the portable code has to do about a byte; most bytes mean nothing.
-enum Meaning : std::uint8_t { kNothing, kOpen, kClose, kStop, kLine, kBegins };
+enum Meaning : std::uint8_t { kNothing, kFirst, kSecond, kStop, kLine, kBegins };
 
 std::array<std::uint8_t, 256> MeaningsOf(const StopSet& stops) {
   std::array<std::uint8_t, 256> meanings{};
@@ -20,18 +20,19 @@ std::array<std::uint8_t, 256> MeaningsOf(const StopSet& stops) {
     return meanings[static_cast<unsigned char>(byte)];
   };
   if (stops.hasSign) of(stops.sign[0]) = kBegins;
-  for (std::size_t i = 0; i < stops.pairCount; ++i) of(stops.pairs[i][0]) = kBegins;
+  for (std::size_t i = 0; i < stops.pairCount; ++i) of(stops.pairs[i].first) = kBegins;
   for (std::size_t i = 0; i < stops.byteCount; ++i) of(stops.bytes[i]) = kStop;
   if (stops.hasLineEnd) of(stops.lineEnd) = kLine;
-  of('(') = kOpen;
-  of(')') = kClose;
+  of(stops.watched[1]) = kSecond;
+  of(stops.watched[0]) = kFirst;
   return meanings;
 }
 
 // Whether a pair or the sign begins here.
 bool BeginsSomething(const char* at, const StopSet& stops) {
   for (std::size_t i = 0; i < stops.pairCount; ++i) {
-    if (at[0] == stops.pairs[i][0] && at[1] == stops.pairs[i][1]) return true;
+    const StopSet::Pair& pair = stops.pairs[i];
+    if (at[0] == pair.first && (at[1] | pair.folded) == pair.second) return true;
   }
   return stops.hasSign && at[0] == stops.sign[0] && at[1] == stops.sign[1] &&
          at[4] == stops.sign[2];
@@ -43,8 +44,12 @@ __attribute__((target("avx2"), always_inline)) inline __m256i Load(const char* a
   return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(at));
 }
 
-__attribute__((target("avx2"), always_inline)) inline __m256i Equal(__m256i bytes, char value) {
-  return _mm256_cmpeq_epi8(bytes, _mm256_set1_epi8(value));
+__attribute__((target("avx2"), always_inline)) inline __m256i Splat(char value) {
+  return _mm256_set1_epi8(value);
+}
+
+__attribute__((target("avx2"), always_inline)) inline __m256i Equal(__m256i bytes, __m256i value) {
+  return _mm256_cmpeq_epi8(bytes, value);
 }
 
 __attribute__((target("avx2"), always_inline)) inline std::uint64_t Bits(__m256i low,
@@ -54,45 +59,72 @@ __attribute__((target("avx2"), always_inline)) inline std::uint64_t Bits(__m256i
   return lowBits | std::uint64_t{highBits} << 32;
 }
 
-// The compiler unrolls the loops over constant counts and keeps the values in registers.
+// Where the bytes at `at` and those behind them are a pair or the sign.
+struct FarStops {
+  __m256i first[StopSet::kMostPairs], second[StopSet::kMostPairs], folded[StopSet::kMostPairs];
+  __m256i sign[3];
+  std::size_t pairCount;
+
+  __attribute__((target("avx2"))) explicit FarStops(const StopSet& stops)
+      : pairCount(stops.pairCount) {
+    for (std::size_t i = 0; i < pairCount; ++i) {
+      first[i] = Splat(stops.pairs[i].first);
+      second[i] = Splat(stops.pairs[i].second);
+      folded[i] = Splat(stops.pairs[i].folded);
+    }
+    for (std::size_t i = 0; i < 3; ++i) sign[i] = Splat(stops.sign[i]);
+  }
+
+  __attribute__((target("avx2"), always_inline)) __m256i pairs(const char* at) const {
+    const __m256i here = Load(at);
+    const __m256i next = Load(at + 1);
+    __m256i found = _mm256_setzero_si256();
+    for (std::size_t i = 0; i < pairCount; ++i) {
+      found =
+          _mm256_or_si256(found, _mm256_and_si256(Equal(here, first[i]), Equal(next, second[i])));
+    }
+    return found;
+  }
+
+  __attribute__((target("avx2"), always_inline)) __m256i signs(const char* at) const {
+    return _mm256_and_si256(
+        Equal(Load(at), sign[0]),
+        _mm256_and_si256(Equal(Load(at + 1), sign[1]), Equal(Load(at + 4), sign[2])));
+  }
+};
+
+// All values are in registers before the first block; the loops over constant counts are unrolled.
 template <std::size_t ByteCount, bool WithPairs, bool WithSign, bool WithLines>
 __attribute__((target("avx2"))) void MakeMasksWithAvx2(const char* bytes, std::size_t count,
                                                        const StopSet& stops, BlockMasks* masks) {
-  const __m256i zero = _mm256_setzero_si256();
+  const __m256i first = Splat(stops.watched[0]);
+  const __m256i second = Splat(stops.watched[1]);
+  const __m256i line = Splat(stops.lineEnd);
+  __m256i values[ByteCount + 1];
+  for (std::size_t i = 0; i < ByteCount; ++i) values[i] = Splat(stops.bytes[i]);
+  const FarStops far(stops);
+  const bool watchesTwo = stops.watched[0] != stops.watched[1];
   for (std::size_t block = 0; block < count; ++block, bytes += kBlockSize) {
     const __m256i low = Load(bytes);
     const __m256i high = Load(bytes + 32);
-    __m256i lowStops = zero;
-    __m256i highStops = zero;
+    __m256i lowStops = _mm256_setzero_si256();
+    __m256i highStops = _mm256_setzero_si256();
     for (std::size_t i = 0; i < ByteCount; ++i) {
-      lowStops = _mm256_or_si256(lowStops, Equal(low, stops.bytes[i]));
-      highStops = _mm256_or_si256(highStops, Equal(high, stops.bytes[i]));
+      lowStops = _mm256_or_si256(lowStops, Equal(low, values[i]));
+      highStops = _mm256_or_si256(highStops, Equal(high, values[i]));
     }
     if constexpr (WithPairs) {
-      const __m256i lowNext = Load(bytes + 1);
-      const __m256i highNext = Load(bytes + 33);
-      for (std::size_t i = 0; i < stops.pairCount; ++i) {
-        const auto [first, second] = stops.pairs[i];
-        lowStops =
-            _mm256_or_si256(lowStops, _mm256_and_si256(Equal(low, first), Equal(lowNext, second)));
-        highStops = _mm256_or_si256(highStops,
-                                    _mm256_and_si256(Equal(high, first), Equal(highNext, second)));
-      }
+      lowStops = _mm256_or_si256(lowStops, far.pairs(bytes));
+      highStops = _mm256_or_si256(highStops, far.pairs(bytes + 32));
     }
     if constexpr (WithSign) {
-      const auto [at0, at1, at4] = stops.sign;
-      lowStops = _mm256_or_si256(
-          lowStops,
-          _mm256_and_si256(Equal(low, at0), _mm256_and_si256(Equal(Load(bytes + 1), at1),
-                                                             Equal(Load(bytes + 4), at4))));
-      highStops = _mm256_or_si256(
-          highStops,
-          _mm256_and_si256(Equal(high, at0), _mm256_and_si256(Equal(Load(bytes + 33), at1),
-                                                              Equal(Load(bytes + 36), at4))));
+      lowStops = _mm256_or_si256(lowStops, far.signs(bytes));
+      highStops = _mm256_or_si256(highStops, far.signs(bytes + 32));
     }
-    masks[block] = {Bits(Equal(low, '('), Equal(high, '(')),
-                    Bits(Equal(low, ')'), Equal(high, ')')), Bits(lowStops, highStops),
-                    WithLines ? Bits(Equal(low, stops.lineEnd), Equal(high, stops.lineEnd)) : 0};
+    masks[block] = {Bits(Equal(low, first), Equal(high, first)),
+                    watchesTwo ? Bits(Equal(low, second), Equal(high, second)) : 0,
+                    Bits(lowStops, highStops),
+                    WithLines ? Bits(Equal(low, line), Equal(high, line)) : 0};
   }
 }
 
@@ -130,9 +162,9 @@ void StopSet::addByte(char byte) {
   bytes[byteCount++] = byte;
 }
 
-void StopSet::addPair(char first, char second) {
+void StopSet::addPair(char first, char second, char folded) {
   assert(pairCount < kMostPairs);
-  pairs[pairCount++] = {first, second};
+  pairs[pairCount++] = {first, second, folded};
 }
 
 void StopSet::setSign(char at0, char at1, char at4) {
@@ -158,11 +190,11 @@ void MakeMasksPortably(const char* bytes, std::size_t count, const StopSet& stop
     for (std::size_t place = 0; place < kBlockSize; ++place) {
       const std::uint64_t bit = std::uint64_t{1} << place;
       switch (meanings[static_cast<unsigned char>(bytes[place])]) {
-        case kOpen:
-          made.open |= bit;
+        case kFirst:
+          made.first |= bit;
           break;
-        case kClose:
-          made.close |= bit;
+        case kSecond:
+          made.second |= bit;
           break;
         case kStop:
           made.stop |= bit;

@@ -15,23 +15,29 @@ namespace Filter {
 
 // Bit i stands for byte i of the block.
 struct BlockMasks {
-  std::uint64_t open = 0;   // "("
-  std::uint64_t close = 0;  // ")"
-  std::uint64_t stop = 0;   // whatever else was asked for
-  std::uint64_t line = 0;   // line ends, when asked for
+  std::uint64_t first = 0;   // of the two watched bytes
+  std::uint64_t second = 0;  // of the two watched bytes
+  std::uint64_t stop = 0;    // the stops
+  std::uint64_t line = 0;    // line ends, when asked for
 };
 
-// What a mask's stop bits stand for.
+// What the bits of the masks stand for.
 class StopSet {
  public:
+  // Two bytes that get masks of their own: parentheses, say. The second one may be the first: then
+  // its mask is empty.
+  StopSet(char first, char second) : watched{first, second} {}
+
   static constexpr std::size_t kMostBytes = 10;
   static constexpr std::size_t kMostPairs = 5;
 
   // A byte that stops wherever it stands. REQUIRES: fewer than kMostBytes of them.
   void addByte(char byte);
-  // Two bytes that stop only one behind the other, for first bytes that data are full of.
-  // REQUIRES: fewer than kMostPairs of them.
-  void addPair(char first, char second);
+  // Two bytes that stop only one behind the other, for first bytes that data are full of. The bits
+  // of `folded` are set in the second byte before it is compared, so that a small letter stands for
+  // both cases. REQUIRES: fewer than kMostPairs of them.
+  void addPair(char first, char second, char folded = 0);
+  static constexpr char kAnyCase = 0x20;
   // A long word by a few letters of it that hardly any other word has at the same distances. The
   // stop stands at the first of the letters.
   void setSign(char at0, char at1, char at4);
@@ -40,9 +46,13 @@ class StopSet {
 
   bool contains(char byte) const;
 
+  std::array<char, 2> watched;
   std::array<char, kMostBytes> bytes{};
   std::size_t byteCount = 0;
-  std::array<std::array<char, 2>, kMostPairs> pairs{};
+  struct Pair {
+    char first, second, folded;
+  };
+  std::array<Pair, kMostPairs> pairs{};
   std::size_t pairCount = 0;
   std::array<char, 3> sign{};
   bool hasSign = false;

@@ -87,6 +87,8 @@ bool Filter::filterPostScript() {
       keepFirst(Diag::kUnclosedSequence);
     });
   }
+  job.stream.setLookBack(application.insertMode == Settings::kInsertAuto ? Stream::kLookBack
+                                                                         : kReaderText);
   while (job.isPostScript()) {
     const PostScriptScanner::Found found =
         postScript->next({.strings = placement.waitsForString(),
@@ -148,6 +150,7 @@ bool Filter::filterPcl() {
                                               .pjl = pjlActive,
                                               .lineBegins = beforeLine});
   }
+  job.stream.setLookBack(0);
   while (!job.isPostScript()) {
     const PclScanner::Found found = pcl->next(
         {.lineEnds = placement.waitsForLineEnd(), .pattern = placement.waitsForPattern()});

@@ -28,8 +28,10 @@ ResultCode OrvellaSequences::handleHeader() {
                           front);
   }
   orvellaHeader = job.stream.peek(size).substr(0, size);
+  blanks.clear();
+  AppendInPlaceOf(orvellaHeader, job, blanks);
   job.stream.consume(size);
-  job.stream.putString(InPlaceOf(orvellaHeader, job));
+  job.stream.putString(blanks);
   return Diag::kSuccess;
 }
 
@@ -41,9 +43,10 @@ ResultCode OrvellaSequences::handleBody() {
                           kOrvellaMarker.size());
   }
   const std::uint64_t place = job.stream.position();
-  const std::string body(job.stream.peek(size).substr(0, size));
+  body = job.stream.peek(size).substr(0, size);
+  blankBody();
   job.stream.consume(size);
-  job.stream.putString(InPlaceOf(OrvellaText(body), job));
+  job.stream.putString(blanks);
   Settings::BarcodeSettings settings = job.application.barcode;
   settings.fromJob = true;
   std::string barcode;
@@ -58,6 +61,20 @@ ResultCode OrvellaSequences::handleBody() {
     job.noteSequenceFailed(place);
   }
   return result;
+}
+
+// Every 0 byte of a body counts as the four characters that stand for it in a text.
+void OrvellaSequences::blankBody() {
+  constexpr std::string_view kZero = "\\x00";
+  blanks.clear();
+  std::string_view rest = body;
+  while (true) {
+    const std::size_t zero = rest.find('\0');
+    AppendInPlaceOf(rest.substr(0, zero), job, blanks);
+    if (zero == std::string_view::npos) return;
+    AppendInPlaceOf(kZero, job, blanks);
+    rest.remove_prefix(zero + 1);
+  }
 }
 
 // The length of the sequence at the window's front, which ends with `end` behind its first `front`

@@ -5,13 +5,12 @@
 #include <algorithm>
 #include <bit>
 #include <cstring>
+#include <string_view>
 
 namespace Filter {
 namespace {
 
 constexpr std::size_t kBlocksAtATime = 64;
-constexpr char kFormFeed = '\f';
-
 }  // namespace
 
 PclScanner::PclScanner(Stream& newStream, const Marks& newMarks)
@@ -21,7 +20,7 @@ void PclScanner::chooseStops(const Wanted& newWanted) {
   if (stopsChosen && newWanted == wanted) return;
   stopsChosen = true;
   wanted = newWanted;
-  stops = StopSet();
+  stops = StopSet(kFormFeed, kFormFeed);
   const auto addToken = [&](const std::string& token) {
     if (token.size() == 1) stops.addByte(token[0]);
     if (token.size() > 1) stops.addPair(token[0], token[1]);
@@ -29,8 +28,7 @@ void PclScanner::chooseStops(const Wanted& newWanted) {
   addToken(marks.begin);
   if (wanted.pattern) addToken(marks.insertPattern);
   if (marks.pjl) {
-    stops.addPair('@', 'P');
-    stops.addPair('@', 'p');
+    stops.addPair('@', 'p', StopSet::kAnyCase);
   }
   if (marks.orvella) {
     for (const std::string_view begin : {kOrvellaHeaderBegin, kOrvellaMarker}) {
@@ -59,26 +57,32 @@ PclScanner::Found PclScanner::next(const Wanted& newWanted) {
       makeMasks(last, 1, stops, masks);
     }
     for (std::size_t base = 0; base < size; base += kBlockSize) {
-      const Found found = findIn(masks[base / kBlockSize], base);
+      const BlockMasks& now = masks[base / kBlockSize];
+      if ((now.stop | now.line) == 0) {
+        countPages(now.first);
+        continue;
+      }
+      const Found found = findIn(now, base);
       if (found == Found::kEnd) continue;
-      pass(foundAt);
+      stream.forward(foundAt);
       return found;
     }
-    pass(size);
+    stream.forward(size);
     if (marks.lineBegins) stream.keepFrom(lineBeginPlace);
   }
 }
 
 PclScanner::Found PclScanner::findIn(const BlockMasks& masks, std::size_t base) {
   Found found = Found::kEnd;
-  std::uint64_t lines = masks.line;
+  std::uint64_t passed = ~std::uint64_t{0};  // the bytes in front of what is found
   for (std::uint64_t bits = masks.stop; bits != 0 && found == Found::kEnd; bits &= bits - 1) {
     const int place = std::countr_zero(bits);
     foundAt = base + static_cast<std::size_t>(place);
     found = whatIsAt(foundAt);
-    if (found != Found::kEnd) lines &= (std::uint64_t{1} << place) - 1;
+    if (found != Found::kEnd) passed = (std::uint64_t{1} << place) - 1;
   }
-  if (lines != 0) {
+  countPages(masks.first & passed);
+  if (const std::uint64_t lines = masks.line & passed; lines != 0) {
     const auto last = 63 - static_cast<std::size_t>(std::countl_zero(lines));
     lineBeginPlace = stream.position() + base + last + 1;
   }
@@ -97,12 +101,6 @@ PclScanner::Found PclScanner::whatIsAt(std::size_t at) {
   if (wanted.lineEnds && byte == marks.lineEnd) return Found::kLineEnd;
   if (marks.orvella && byte == kOrvellaControl) return Found::kControl;
   return Found::kEnd;
-}
-
-void PclScanner::pass(std::size_t count) {
-  const std::string_view passed = stream.peek(0).substr(0, count);
-  pageCount += static_cast<unsigned>(std::count(passed.begin(), passed.end(), kFormFeed));
-  stream.forward(count);
 }
 
 }  // namespace Filter

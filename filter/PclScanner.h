@@ -45,15 +45,19 @@ class PclScanner {
   unsigned pages() const { return pageCount; }
 
  private:
+  static constexpr char kFormFeed = '\f';
+
   void chooseStops(const Wanted& newWanted);
+  void countPages(std::uint64_t formFeeds) {
+    for (; formFeeds != 0; formFeeds &= formFeeds - 1) ++pageCount;
+  }
   Found findIn(const BlockMasks& masks, std::size_t base);
   Found whatIsAt(std::size_t at);
-  void pass(std::size_t count);
 
   Stream& stream;
   const Marks marks;
   const MaskMaker makeMasks;
-  StopSet stops;
+  StopSet stops{kFormFeed, kFormFeed};
   Wanted wanted;
   bool stopsChosen = false;
   std::size_t foundAt = 0;  // in the window

@@ -14,7 +14,8 @@ using Diag::Text;
 constexpr std::string_view kBegin = "\n\n% BEGIN OF TEXT PLACEMENT\n";
 constexpr std::string_view kEnd = "% END OF TEXT PLACEMENT\n\n";
 
-// The job's own procedures, those of its fonts included, run with vextorin off the dictionary stack.
+// The job's own procedures, those of its fonts included, run with vextorin off the dictionary
+// stack.
 //
 // c  notes the current point in device space (x y, z: there is one)    a  goes back to it
 // h  begins to hide what is painted, with matrix and current point kept   u  ends it

@@ -44,7 +44,7 @@ void PostScriptScanner::chooseStops(const Wanted& newWanted) {
   if (stopsChosen && newWanted == wanted) return;
   stopsChosen = true;
   wanted = newWanted;
-  stops = StopSet();
+  stops = StopSet('(', ')');
   for (const char byte : {'\\', '<', '%'}) stops.addByte(byte);
   if (!marks.begin.empty()) stops.addByte(marks.begin.front());
   if (marks.languageMayEnd) stops.addByte(kEscape);
@@ -99,7 +99,7 @@ bool PostScriptScanner::walk(const BlockMasks* masks, std::size_t count) {
     const BlockMasks& now = masks[block];
     const std::size_t base = begin + block * kBlockSize;
     if (settleBlock(now, base)) continue;
-    for (std::uint64_t bits = now.open | now.close | now.stop | now.line; bits != 0;
+    for (std::uint64_t bits = now.first | now.second | now.stop | now.line; bits != 0;
          bits &= bits - 1) {
       const std::size_t at = base + static_cast<std::size_t>(std::countr_zero(bits));
       if (at >= skipTo && visit(at)) return true;
@@ -111,12 +111,12 @@ bool PostScriptScanner::walk(const BlockMasks* masks, std::size_t count) {
 // Handles a block in which strings begin and end and nothing else happens.
 bool PostScriptScanner::settleBlock(const BlockMasks& masks, std::size_t base) {
   if (masks.stop != 0 || skipTo > base || depth > 1) return false;
-  const std::uint64_t parentheses = masks.open | masks.close;
+  const std::uint64_t parentheses = masks.first | masks.second;
   if (wanted.strings && parentheses != 0) return false;
   std::uint64_t inside = depth == 1 ? ~std::uint64_t{0} : 0;
   if (parentheses != 0) {
     inside ^= PrefixXor(parentheses);
-    if (masks.open != (parentheses & inside) || masks.close != (parentheses & ~inside))
+    if (masks.first != (parentheses & inside) || masks.second != (parentheses & ~inside))
       return false;
   }
   const std::uint64_t lines = masks.line & ~inside;
@@ -125,7 +125,7 @@ bool PostScriptScanner::settleBlock(const BlockMasks& masks, std::size_t base) {
   if (lines != 0) lineBeginPlace = stream.position() + base + LastBit(lines) + 1;
   depth = static_cast<unsigned>(inside >> 63);
   if (depth == 0) stringBegin = kNone;
-  if (depth == 1 && masks.open != 0) stringBegin = base + LastBit(masks.open);
+  if (depth == 1 && masks.first != 0) stringBegin = base + LastBit(masks.first);
   return true;
 }
 
@@ -144,7 +144,7 @@ bool PostScriptScanner::visitInString(std::size_t at, char byte) {
       return endString(at + 1);
     case '\\':
       skipTo = at + 2;
-      return candidateAt(at);
+      return escapesBegin(at) && candidateAt(at);
     case '<':
       return visitHiddenString(at);
     default:
@@ -283,6 +283,12 @@ bool PostScriptScanner::visitHiddenString(std::size_t at) {
   if (size == kNone || !holdsBegin(at, size)) return false;
   const std::string_view inside = stream.peek(0).substr(stringBegin, at - stringBegin);
   return inside.find_first_of("\r\n") != kNone && stopAtString(at, size, Found::kString);
+}
+
+// Whether the escape at this place can stand for the begin token's first byte.
+bool PostScriptScanner::escapesBegin(std::size_t at) {
+  const char next = stream.peek(at + 2).substr(at).size() > 1 ? stream.peek(0)[at + 1] : '\0';
+  return (next >= '0' && next <= '7') || marks.begin.starts_with(next);
 }
 
 // Whether a begin token stands at this place of a literal string, and if so the string.

@@ -101,6 +101,7 @@ class PostScriptScanner {
   void reportSequencesInStream(std::size_t size);
 
   bool endString(std::size_t end);
+  bool escapesBegin(std::size_t at);
   bool candidateAt(std::size_t at);
   bool findStringAround(std::size_t at);
   bool inComment(std::size_t at);
@@ -117,7 +118,7 @@ class PostScriptScanner {
   Stream& stream;
   const Marks marks;
   const MaskMaker makeMasks;
-  StopSet stops;
+  StopSet stops{'(', ')'};
   Wanted wanted;
   bool stopsChosen = false;
 

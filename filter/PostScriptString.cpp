@@ -23,30 +23,6 @@ bool IsOctalDigit(char c) {
   return c >= '0' && c <= '7';
 }
 
-// Reads the escape behind a backslash at `text[at]` and returns the index behind it.
-std::size_t DecodeEscape(std::string_view text, std::size_t at, std::string& bytes) {
-  const char c = text[at];
-  if (c == '\n') return at + 1;  // a line continuation
-  if (c == '\r') return at + (text.substr(at).starts_with("\r\n") ? 2 : 1);
-  if (IsOctalDigit(c)) {
-    unsigned value = 0;
-    const std::size_t end = std::min(at + 3, text.size());
-    for (; at < end && IsOctalDigit(text[at]); ++at) {
-      value = value * 8 + static_cast<unsigned>(text[at] - '0');
-    }
-    bytes += static_cast<char>(value % 256);
-    return at;
-  }
-  for (const Escape& escape : kEscapes) {
-    if (escape.letter == c) {
-      bytes += escape.byte;
-      return at + 1;
-    }
-  }
-  bytes += c;
-  return at + 1;
-}
-
 bool IsSpace(char c) {
   return c == ' ' || (c >= '\t' && c <= '\r') || c == '\0';
 }
@@ -112,6 +88,29 @@ void AppendBigEndian(std::string& bytes, std::uint32_t word, int count) {
 }
 
 }  // namespace
+
+std::size_t DecodeEscape(std::string_view text, std::size_t at, std::string& bytes) {
+  const char c = text[at];
+  if (c == '\n') return at + 1;  // a line continuation
+  if (c == '\r') return at + (text.substr(at).starts_with("\r\n") ? 2 : 1);
+  if (IsOctalDigit(c)) {
+    unsigned value = 0;
+    const std::size_t end = std::min(at + 3, text.size());
+    for (; at < end && IsOctalDigit(text[at]); ++at) {
+      value = value * 8 + static_cast<unsigned>(text[at] - '0');
+    }
+    bytes += static_cast<char>(value % 256);
+    return at;
+  }
+  for (const Escape& escape : kEscapes) {
+    if (escape.letter == c) {
+      bytes += escape.byte;
+      return at + 1;
+    }
+  }
+  bytes += c;
+  return at + 1;
+}
 
 StringForm FormOf(std::string_view token) {
   if (token.starts_with('(')) return StringForm::kLiteral;

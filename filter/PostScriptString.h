@@ -42,6 +42,10 @@ class StringScanner {
   std::size_t depth = 0;
 };
 
+// Appends what the escape behind a backslash at `text[at]` stands for, nothing for a continued
+// line, and returns the index behind it. REQUIRES: at < text.size()
+std::size_t DecodeEscape(std::string_view text, std::size_t at, std::string& bytes);
+
 // Each takes a token with its delimiters and yields the bytes that it stands for. Damaged or
 // unclosed tokens yield what can be read of them.
 std::string decodeLiteral(std::string_view token);

@@ -11,13 +11,15 @@ namespace Filter {
 using Diag::Foreign;
 using Diag::ResultCode;
 
-std::string InPlaceOf(std::string_view sequence, const Job& job) {
-  if (job.application.barcode.remove != Settings::kBlankSequence) return {};
-  std::string blanks(sequence);
-  for (char& byte : blanks) {
-    if (byte != '\t' && byte != '\n' && byte != job.lineEnd) byte = ' ';
-  }
-  return blanks;
+void AppendInPlaceOf(std::string_view sequence, const Job& job, std::string& blanks) {
+  if (job.application.barcode.remove != Settings::kBlankSequence) return;
+  const std::size_t size = blanks.size();
+  blanks.resize(size + sequence.size());
+  const char lineEnd = job.lineEnd;
+  std::transform(sequence.begin(), sequence.end(),
+                 blanks.begin() + static_cast<std::ptrdiff_t>(size), [lineEnd](char byte) {
+                   return (byte == '\t') | (byte == '\n') | (byte == lineEnd) ? byte : ' ';
+                 });
 }
 
 ResultCode RawSequences::handleEscapeSequence(std::uint64_t lineBegin) {
@@ -47,7 +49,9 @@ ResultCode RawSequences::handleEscapeSequence(std::uint64_t lineBegin) {
       atText ? maker.processForText(text, place) : maker.processSequence(text, place);
   if (!maker.insertsAfter(result)) text.clear();
   if (atText && !text.empty()) text = BlockAtCurrentPoint({{text, 0}});
-  replace(size, InPlaceOf(sequence, job), text, lineBegin);
+  std::string blanks;
+  AppendInPlaceOf(sequence, job, blanks);
+  replace(size, blanks, text, lineBegin);
   return result;
 }
 

@@ -14,7 +14,7 @@ namespace Filter {
 
 // What stands in place of a sequence that was taken out. Blank mode keeps the layout of the line: a
 // blank for each byte, tabs and line ends as they are. Remove mode leaves nothing.
-std::string InPlaceOf(std::string_view sequence, const Job& job);
+void AppendInPlaceOf(std::string_view sequence, const Job& job, std::string& blanks);
 
 class RawSequences {
  public:

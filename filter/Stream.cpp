@@ -159,7 +159,7 @@ void Stream::makeRoomInFront(std::size_t count) {
 
 // How much of what stands in front of the window stays in the buffer.
 std::size_t Stream::bytesToKeep() const {
-  const std::size_t lookBack = std::min(cursor - historyBegin, kLookBack);
+  const std::size_t lookBack = std::min(cursor - historyBegin, lookBackSize);
   if (passedEnd != cursor || keptPlace > position()) return lookBack;
   const std::uint64_t wanted = position() - keptPlace;
   if (wanted > passedEnd - passedBegin || wanted > kLongestHold) return lookBack;

@@ -30,7 +30,7 @@ namespace Filter {
 class Stream {
  public:
   static constexpr int kEndOfInput = -1;
-  // So much of what was passed can be taken back, unless something was put behind it.
+  // The most of what was passed that can be taken back, unless something was put behind it.
   static constexpr std::size_t kLookBack = 16 * 1024;
 
   Stream();
@@ -63,7 +63,9 @@ class Stream {
   void forward(std::size_t count);
   void consume(std::size_t count);
 
-  // The bytes of the job in front of the window, as far as they are at hand: some KiB.
+  // So many bytes of the job in front of the window stay at hand. REQUIRES: at most kLookBack
+  void setLookBack(std::size_t size) { lookBackSize = size; }
+  // The bytes of the job in front of the window, as far as they are at hand.
   std::string_view history() const { return {buffer.data() + historyBegin, cursor - historyBegin}; }
   // Up to `most` bytes of the job in front of an offset in the window, as far as they are at hand.
   std::string_view before(std::size_t offset, std::size_t most) const {
@@ -117,6 +119,7 @@ class Stream {
   std::string output;  // small pieces, written together
   std::string held;
   bool holding = false;
+  std::size_t lookBackSize = 0;
   std::uint64_t keptPlace = UINT64_MAX;
 };
 
