@@ -83,7 +83,8 @@ void decodeArguments(std::string& text, Diag::TraceLog& log) {
       continue;
     }
     const std::string value = Quoted(DecodeString(token));
-    log.Trace(Diag::kDebug, "Converted \"", token, "\" to \"", value, "\"");
+    log.Trace(Diag::kDebug, "Converted \"", Diag::Foreign{token}, "\" to \"", Diag::Foreign{value},
+              "\"");
     JoinOptionName(text);
     text += value;
   }

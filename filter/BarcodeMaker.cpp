@@ -45,6 +45,8 @@ ResultCode BarcodeMaker::make(std::string& text, std::uint64_t place, bool atTex
   settings.fromJob = true;
   if (const ResultCode result = ReadParameters(sequence, application.v1format, settings)) {
     job.log.Trace(Diag::kError, "Barcode Sequence: ", Foreign{sequence});
+    if (!settings.failurePlace.empty())
+      job.log.Note(Diag::kError, "What is wrong stands in ", settings.failurePlace, ".");
     job.noteSequenceFailed(place);
     text.clear();
     return result;

@@ -12,19 +12,19 @@ namespace Filter {
 namespace {
 
 // What the portable code has to do about a byte; most bytes mean nothing.
-enum Meaning : std::uint8_t { kNothing, kFirst, kSecond, kStop, kLine, kBegins };
+enum Meaning : std::uint8_t { kFirst = 1, kSecond = 2, kStop = 4, kLine = 8, kBegins = 16 };
 
 std::array<std::uint8_t, 256> MeaningsOf(const StopSet& stops) {
   std::array<std::uint8_t, 256> meanings{};
   const auto of = [&](char byte) -> std::uint8_t& {
     return meanings[static_cast<unsigned char>(byte)];
   };
-  if (stops.hasSign) of(stops.sign[0]) = kBegins;
-  for (std::size_t i = 0; i < stops.pairCount; ++i) of(stops.pairs[i].first) = kBegins;
-  for (std::size_t i = 0; i < stops.byteCount; ++i) of(stops.bytes[i]) = kStop;
-  if (stops.hasLineEnd) of(stops.lineEnd) = kLine;
-  of(stops.watched[1]) = kSecond;
-  of(stops.watched[0]) = kFirst;
+  if (stops.hasSign) of(stops.sign[0]) |= kBegins;
+  for (std::size_t i = 0; i < stops.pairCount; ++i) of(stops.pairs[i].first) |= kBegins;
+  for (std::size_t i = 0; i < stops.byteCount; ++i) of(stops.bytes[i]) |= kStop;
+  if (stops.hasLineEnd) of(stops.lineEnd) |= kLine;
+  if (stops.watched[0] != stops.watched[1]) of(stops.watched[1]) |= kSecond;
+  of(stops.watched[0]) |= kFirst;
   return meanings;
 }
 
@@ -189,25 +189,13 @@ void MakeMasksPortably(const char* bytes, std::size_t count, const StopSet& stop
     BlockMasks made;
     for (std::size_t place = 0; place < kBlockSize; ++place) {
       const std::uint64_t bit = std::uint64_t{1} << place;
-      switch (meanings[static_cast<unsigned char>(bytes[place])]) {
-        case kFirst:
-          made.first |= bit;
-          break;
-        case kSecond:
-          made.second |= bit;
-          break;
-        case kStop:
-          made.stop |= bit;
-          break;
-        case kLine:
-          made.line |= bit;
-          break;
-        case kBegins:
-          if (BeginsSomething(bytes + place, stops)) made.stop |= bit;
-          break;
-        default:
-          break;
-      }
+      const unsigned meaning = meanings[static_cast<unsigned char>(bytes[place])];
+      if (meaning == 0) continue;
+      if (meaning & kFirst) made.first |= bit;
+      if (meaning & kSecond) made.second |= bit;
+      if (meaning & kLine) made.line |= bit;
+      const bool begins = (meaning & kBegins) && BeginsSomething(bytes + place, stops);
+      if ((meaning & kStop) || begins) made.stop |= bit;
     }
     masks[block] = made;
   }

@@ -281,7 +281,7 @@ Diag::ResultCode DecodeOrvella(std::string_view header, std::string_view body,
   const std::size_t frame = kOrvellaDataBegin + kOrvellaMarker.size();
   const std::string_view data = body.substr(kOrvellaDataBegin, body.size() - frame);
   SetData(OrvellaText(data), settings);
-  g_settings.trace.Trace(Diag::kDebug, "Data String: ", settings.data);
+  g_settings.trace.Trace(Diag::kDebug, "Data String: ", settings.quoted(settings.data));
   return Diag::kSuccess;
 }
 

@@ -15,7 +15,7 @@ constexpr char kDataLetter = 'd';
 // A refusal that ends in ": " is followed by the parameter as written.
 Diag::ResultCode Refuse(std::string_view refusal, std::string_view token = {}) {
   if (refusal.ends_with(": ")) {
-    g_settings.trace.Trace(Diag::kError, refusal, '"', token, '"');
+    g_settings.trace.Trace(Diag::kError, refusal, '"', Diag::Foreign{token}, '"');
   } else {
     g_settings.trace.Trace(Diag::kError, refusal);
   }
