@@ -22,27 +22,26 @@ bool IsOneOf(std::string_view word, std::initializer_list<std::string_view> word
   return std::find(words.begin(), words.end(), word) != words.end();
 }
 
-// Words behind a string that prepare its showing and leave the graphics state as it is, but for the
-// current point.
+// Words behind a string that prepare its showing. Of the graphics state they change what survives
+// the hiding of a text: current point, matrix, font.
 bool Prepares(std::string_view word) {
-  return IsOneOf(word,
-                 {"dup",    "exch",    "pop",         "index",       "copy",   "roll",     "neg",
-                  "add",    "sub",     "mul",         "div",         "idiv",   "abs",      "round",
-                  "cvi",    "cvr",     "true",        "false",       "length", "truncate", "floor",
-                  "moveto", "rmoveto", "stringwidth", "currentpoint"});
+  return IsOneOf(word, {"dup",    "exch",   "pop",        "index",        "copy",    "roll",
+                        "neg",    "add",    "sub",        "mul",          "div",     "idiv",
+                        "abs",    "round",  "cvi",        "cvr",          "true",    "false",
+                        "length", "floor",  "truncate",   "stringwidth",  "moveto",  "rmoveto",
+                        "rotate", "scale",  "translate",  "currentpoint", "setfont", "findfont",
+                        "concat", "matrix", "selectfont", "scalefont",    "makefont"});
 }
 
 // Words that take a string and show nothing.
 bool TakesOtherwise(std::string_view word) {
-  return IsOneOf(
-      word,
-      {"def",    "store",   "put",        "cvn",          "cvx",         "cvs",         "exec",
-       "eq",     "ne",      "=",          "==",           "print",       "run",         "file",
-       "search", "token",   "known",      "load",         "get",         "begin",       "end",
-       "array",  "astore",  "filter",     "anchorsearch", "putinterval", "getinterval", "findfont",
-       "save",   "gsave",   "grestore",   "restore",      "translate",   "rotate",      "scale",
-       "concat", "setfont", "selectfont", "bind",         "if",          "ifelse",      "for",
-       "repeat", ")",       ">"});
+  return IsOneOf(word,
+                 {"def",      "store", "put",    "cvn",         "cvx",          "cvs",     "exec",
+                  "eq",       "ne",    "=",      "==",          "print",        "run",     "file",
+                  "token",    "known", "search", "load",        "get",          "begin",   "end",
+                  "array",    "save",  "astore", "filter",      "putinterval",  "restore", "bind",
+                  "gsave",    "if",    "ifelse", "getinterval", "anchorsearch", "for",     "repeat",
+                  "grestore", ")",     ">"});
 }
 
 // Words behind which a sequence does not go on.
