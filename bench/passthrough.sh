@@ -4,6 +4,9 @@
 # machine; the medians are printed.
 #
 #   bench/passthrough.sh [program [megabytes [rounds]]]
+#
+# Each insert mode is measured, and PCL with orvella=on; PCL's raster is noise, in which an Orvella
+# sequence seems to begin now and then.
 set -euo pipefail
 program=${1:-build/release/bin/vextorin}
 megabytes=${2:-256}
@@ -11,7 +14,6 @@ rounds=${3:-5}
 
 folder=$(mktemp -d -p "$([[ -w /dev/shm ]] && echo /dev/shm || echo /tmp)")
 trap 'rm -rf "$folder"' EXIT
-echo filter >"$folder/ini"
 
 # fill NAME: a job of the wanted size, of copies of the pages on standard input.
 fill() {
@@ -61,9 +63,11 @@ median() {
   sort -n | sed -n "$((rounds / 2 + 1))p"
 }
 
+# measure JOB SETTING
 measure() {
   job=$folder/$1
-  local name=$1 round
+  local name=$1 setting=$2 round
+  printf 'filter\ntrace=off\n%s\n' "$setting" >"$folder/ini"
   rm -f "$folder"/{cat,filter,ratio}.times
   for ((round = 0; round < rounds; round++)); do
     local plain filtered
@@ -73,15 +77,18 @@ measure() {
     echo "$filtered" >>"$folder/filter.times"
     echo $((filtered * 100 / plain)) >>"$folder/ratio.times"
   done
-  awk -v name="$name" -v bytes="$(stat -c %s "$job")" -v plain="$(median <"$folder/cat.times")" \
-    -v filtered="$(median <"$folder/filter.times")" -v ratio="$(median <"$folder/ratio.times")" \
-    'BEGIN { printf "%-11s cat %5.0f MB/s   filter %5.0f MB/s   %.2f x cat\n",
-             name, bytes / plain, bytes / filtered, ratio / 100 }'
+  awk -v name="$name" -v setting="$setting" -v bytes="$(stat -c %s "$job")" \
+    -v plain="$(median <"$folder/cat.times")" -v filtered="$(median <"$folder/filter.times")" \
+    -v ratio="$(median <"$folder/ratio.times")" \
+    'BEGIN { printf "%-11s %-20s cat %5.0f MB/s   filter %5.0f MB/s   %.2f x cat\n",
+             name, setting, bytes / plain, bytes / filtered, ratio / 100 }'
 }
 
 printf '%%!PS-Adobe-3.0\n' >"$folder/PostScript"
 postscript_pages | fill PostScript
 printf '\x1bE' >"$folder/PCL"
 pcl_pages | fill PCL
-measure PostScript
-measure PCL
+for mode in beforestring afterstring beforeline afterline auto; do
+  measure PostScript "insert=$mode"
+done
+for setting in insert=beforestring insert=beforeline orvella=on; do measure PCL "$setting"; done
