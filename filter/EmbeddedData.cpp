@@ -74,6 +74,12 @@ DataSection DataSection::Counted(std::uint64_t bytes, std::string_view closer) {
   return section;
 }
 
+DataSection DataSection::Computed(std::uint64_t bytes) {
+  DataSection section = Counted(bytes);
+  section.computed = true;
+  return section;
+}
+
 DataSection DataSection::Lines(std::uint64_t lines, std::string_view closer) {
   DataSection section = Counted(lines, closer);
   section.end = End::kLines;
@@ -101,8 +107,8 @@ DataSection DataSection::UpToText() {
 
 std::size_t DataSection::take(std::string_view window, bool inputEnded, std::string_view token) {
   std::size_t size = 0;
-  const bool counted = end == End::kCount || end == End::kLines;
-  // What a count covers is data whatever it holds; of other data the text behind is known best.
+  const bool counted = (end == End::kCount && !computed) || end == End::kLines;
+  // What the job counts is data whatever it holds; of other data the text behind is known best.
   const std::size_t text = counted ? kNone : FindTextLineWith(window, token);
   if (text != kNone) window = window.substr(0, text);
   inputEnded = inputEnded || text != kNone;
@@ -301,7 +307,7 @@ void Reader::add(const Token& token, std::string_view word) {
     case Token::kLiteralName:
       finishEntry();
       key = word;
-      if (!word.ends_with("Decode")) numbers.clear();
+      if (!word.ends_with("Decode") || word == "/Decode") numbers.clear();
       break;
     case Token::kName:
       addName(word);
@@ -357,7 +363,7 @@ std::optional<DataSection> Reader::section() const {
   if (filter == "/SubFileDecode" && subFileCount >= 1)
     return DataSection::Counted(static_cast<std::uint64_t>(subFileCount));
   const std::uint64_t size = filter.empty() ? pictureBytes() : 0;
-  return size > 0 ? DataSection::Counted(size) : DataSection::UpToText();
+  return size > 0 ? DataSection::Computed(size) : DataSection::UpToText();
 }
 
 // White space behind the word that starts reading: one byte, or one line end.

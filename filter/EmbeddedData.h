@@ -31,6 +31,8 @@ class DataSection {
   enum class End { kCount, kLines, kMarker, kRunLength, kText };
 
   static DataSection Counted(std::uint64_t bytes, std::string_view closer = {});
+  // A count that follows from what the job says of a picture.
+  static DataSection Computed(std::uint64_t bytes);
   static DataSection Lines(std::uint64_t lines, std::string_view closer);
   static DataSection UpTo(std::string_view marker);
   static DataSection RunLength();
@@ -59,6 +61,7 @@ class DataSection {
   std::uint64_t remaining = 0;
   std::string marker;  // data end behind it
   std::string closer;  // a line that ends the section although its count says otherwise
+  bool computed = false;
   bool done = false;
   bool stream = false;
 };

@@ -81,6 +81,7 @@ bool Filter::filterPostScript() {
                              .orvella = application.orvella,
                              .lineBegins = application.insertMode == Settings::kInsertBeforeLine});
     postScript->onSequenceInStream([this](std::uint64_t place) {
+      job.page = postScript->pages();
       job.log.Trace(Diag::kWarning,
                     "A barcode escape sequence stands in a counted stream, which stays as it is.");
       job.noteBarcodeMissing(place, "stands in a counted stream");
