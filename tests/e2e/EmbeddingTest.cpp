@@ -166,8 +166,11 @@ TEST(Embedding, TellsPostScriptFromPcl) {
   } rows[] = {
       {"header", "", "%!PS-Adobe-3.0\n", true},
       {"header within the line", "", "\x04%!PS\n", true},
-      {"no whole header", "", "%!P S\n", false},
-      {"header on the second line", "", "\n%!PS\n", false},
+      {"header of two bytes", "", "%!\n", true},
+      {"anything behind them", "", "%!P S\n", true},
+      {"behind blank lines, a form feed, an end", "", "\r\n \n\f\x04%!\n", true},
+      {"text in front of an incomplete header", "", "x %!P S\n", false},
+      {"text in front of a header on the second line", "", "x\n%!PS\n", false},
       {"header at the end of what decides", "", Blanks(4091) + "%!PS\n", true},
       {"header behind it", "", Blanks(4095) + "%!PS\n", false},
       {"exit before the header", "", kExit + "%!PS\n", false},
@@ -176,7 +179,14 @@ TEST(Embedding, TellsPostScriptFromPcl) {
       {"switched to PCL", "", kExit + enter + "PCL\n" + kReset, false},
       {"switched to PostScript", "", kExit + "@PJL EnTeR \t LANGUAGE = PostScript\n%!PS\n", true},
       {"name that begins with PCL", "", pjl + "@PJL ENTER LANGUAGE = PCL3GUI\n", false},
-      {"no other language is known", "", pjl + enter + "HPGL2\n", true},
+      {"exit without a language", "", pjl + enter + "HPGL2\n", false},
+      {"exit with PJL on its line", "", "%!PS\n" + kExit + "@PjL EOJ\n", false},
+      {"exit with a reset", "", "%!PS\n" + kExit + kReset, false},
+      {"exit with neither", "", "%!PS\n" + kExit + "\n" + kReset, true},
+      {"exit within a string", "", "%!PS\n(" + kExit + "@PJL)\n", true},
+      {"exit within a comment", "", "%!PS\n%" + kExit + "@PJL\n", true},
+      {"exit from a job called PostScript", "stream=ps", "x\n" + kExit + "@PJL\n", true},
+      {"back from PCL", "", pjl + enter + "POSTSCRIPT\n", true},
       {"PJL is none in a job called PostScript", "stream=ps", "x\n" + enter + "PCL\n", true},
       {"comment", "", "%!PS\n% " + kSequence + "\n", true},
       {"header line", "", "%!PS " + kSequence + "\n", true},
@@ -210,21 +220,31 @@ TEST(Embedding, ReadsTheOptionsOfRawSequencesInPostScriptStrings) {
 TEST(Embedding, ASequenceThatComesToNothingInsertsNothingAndTheRestGoesOn) {
   const std::string warning =
       "WARNING: vextorin: Warning: Begin of barcode escape sequence without valid end found!\n";
+  const auto missing = [&](const std::string& where) {
+    return warning + "ERROR: vextorin: Error: A barcode will be missing: the sequence " + where +
+           " of the job has no end.\n";
+  };
+  const std::string failed = "ERROR: vextorin: Error: The barcode sequence that failed begins ";
   const std::string open = "%!PS\n(a$_vxrs --data=1) show\n(b) show\n";
   const std::string none = "a $_vxr $_vx $ b $_vxre c\n$_vxr";
   CheckRows(
-      {{"raw", "trace=warning", "a $_vxrs --data=1 b\nc\n", "a $_vxrs --data=1 b\nc\n", warning},
-       {"raw at the end", "trace=warning", "a $_vxrs", "a $_vxrs", warning},
-       {"in a string", "trace=warning", open, open, warning},
+      {{"raw", "trace=warning", "a $_vxrs --data=1 b\nc\n", "a $_vxrs --data=1 b\nc\n",
+        missing("on page 1, at byte 3")},
+       {"raw at the end", "trace=warning", "\fa $_vxrs", "\fa $_vxrs",
+        missing("on page 2, at byte 4")},
+       {"in a string", "trace=warning", open, open, missing("at byte 6")},
        {"no complete begin, an end alone", "trace=warning", none, none},
        {"wrong value", "", "a$_vxrs --rot=45 $_vxreb" + kSequence + "c",
         "a" + Blanks(21) + "b" + kRaw + "c",
         "ERROR: vextorin: Error: Rotation must be set to '0', '90', '180' or '270'.\n"
-        "ERROR: vextorin: Error: Barcode Sequence: --rot=45 \n"},
-       {"unknown option", "", "%!PS\n($_vxrs --nonsense $_vxre) show (" + kSequence + ") show\n",
-        "%!PS\n(" + Blanks(24) + ") show " + kBarcode + "(" + kBlanked + ") show\n",
+        "ERROR: vextorin: Error: Barcode Sequence: --rot=45 \n" +
+            failed + "on page 1, at byte 2 of the job.\n"},
+       {"unknown option", "",
+        "%!PS\n%%Page: 1 1\n($_vxrs --nonsense $_vxre) show (" + kSequence + ") show\n",
+        "%!PS\n%%Page: 1 1\n(" + Blanks(24) + ") show " + kBarcode + "(" + kBlanked + ") show\n",
         "ERROR: vextorin: Error: Unrecognized option nonsense\n"
-        "ERROR: vextorin: Error: Barcode Sequence:  --nonsense \n"}});
+        "ERROR: vextorin: Error: Barcode Sequence:  --nonsense \n" +
+            failed + "on page 1, at byte 18 of the job.\n"}});
 }
 
 TEST(Embedding, AllSequencesOfALongJobAreFoundHoweverItArrives) {

@@ -24,6 +24,11 @@ std::string Report(const std::string& sentence, const std::string& reason = kInv
   return kError + sentence + "\nERROR: " + reason + '\n';
 }
 
+// Says where the sequence of the lines before it stands.
+std::string Failed(const std::string& place) {
+  return kError + "The barcode sequence that failed begins " + place + " of the job.\n";
+}
+
 Program::Result RunAlone(const std::string& settings, const Environment& answers = {}) {
   return Recorded(StandAlone("data=Test123 " + settings), answers).run();
 }
@@ -79,7 +84,8 @@ TEST(EngineMessages, TellsThatMemoryIsNotToBeHad) {
   const std::string small = kError +
                             "Couldn't create barcode. Size of memory for barcode creation was to "
                             "small.\nERROR: Size of memory: 65536 - Required size: 2147483647\n";
-  const std::string sequence = kError + "Barcode Sequence: --data=1 \n";
+  const std::string sequence =
+      kError + "Barcode Sequence: --data=1 \n" + Failed("on page 1, at byte 3");
   const std::pair<Program, std::string> rows[] = {
       {StandAlone("data=1"), grown + small},
       {StandAlone("data=1 memory=2147483647"), kError + "Couldn't allocate memory for barcode.\n"},
@@ -187,9 +193,6 @@ TEST(EngineMessages, NamesFailedSequencesAndPrintsTheirMessagesUnlessErrorsAreIg
   const auto blanked = [](const std::string& options) {
     return "(" + Blanks(options.size() + 14) + ") show\n";
   };
-  const auto named = [](const std::string& options) {
-    return kError + "Barcode Sequence:  " + options + " \n";
-  };
   const auto printed = [](const std::string& message) { return "(" + message + "\\n) show"; };
   const std::string one = "--data=(x)", two = "--data=2", empty = "--barcode=20",
                     wrong = "--rot=45";
@@ -198,6 +201,11 @@ TEST(EngineMessages, NamesFailedSequencesAndPrintsTheirMessagesUnlessErrorsAreIg
   const std::string message = "vextorin: Error: " + kNotCreated + "\\n" + kInvalidArgument;
   const std::string job = "%!PS\n" + sequence(one) + sequence(two) + sequence(empty) +
                           sequence(wrong) + sequence("--data=3");
+  const auto named = [&job](const std::string& options) {
+    const std::size_t string = job.find(options) - std::string("($_vxrs ").size();
+    return kError + "Barcode Sequence:  " + options + " \n" +
+           Failed("at byte " + std::to_string(string + 1));
+  };
   const Environment failing = {{"VX_STANDIN_FAIL", "BCCreate#1=80070057,BCCreate#2=80070057"}};
   const std::string last = Wrapped(kDrawing, kRelative) + blanked("--data=3");
   const struct {

@@ -182,6 +182,7 @@ TEST_F(Losses, OfControlAreToldWithTheirStatus) {
   for (const auto& row : rows) {
     SCOPED_TRACE(row.exception);
     Program program = StandAlone("data=1 trace=verbose");
+    program.executable = VEXTORIN_SHARED_RUNTIME;
     program.environment = {{"LD_PRELOAD", VEXTORIN_THROWING},
                            {"ASAN_OPTIONS", "verify_asan_link_order=0"},
                            {"VX_THROW", row.exception}};

@@ -75,7 +75,17 @@ std::vector<Job> LargeJobs() {
   };
 }
 
-void ExpectUnchanged(const Program& program, const std::string& job) {
+// What is told of the begin token in a job without end tokens.
+std::string MissingIn(const std::string& job) {
+  const std::size_t begin = job.find("$_vxrs");
+  return begin == job.npos ? ""
+                           : "ERROR: vextorin: Error: A barcode will be missing: the sequence on "
+                             "page 1, at byte " +
+                                 std::to_string(begin + 1) + " of the job has no end.\n";
+}
+
+void ExpectUnchanged(const Program& program, const std::string& job,
+                     const std::string& errors = {}) {
   const Program::Result result = program.run(job);
   // Whole jobs are no help in a message; the place of the first difference is.
   if (result.output != job) {
@@ -87,7 +97,7 @@ void ExpectUnchanged(const Program& program, const std::string& job) {
                          std::string(in - std::min<long>(in - job.begin(), 60), in))
                   << "]";
   }
-  EXPECT_EQ(result.errors, "");
+  EXPECT_EQ(result.errors, errors);
   EXPECT_EQ(result.status, 0);
 }
 
@@ -98,7 +108,8 @@ const char* const kWays[] = {"",
                              "insert=afterstring linebyline",
                              "remove orvella=on",
                              "stream=ps",
-                             "stream=pcl"};
+                             "stream=pcl",
+                             "insert=auto"};
 
 TEST(PassThrough, LeavesJobsWithoutSequencesUnchanged) {
   std::vector<Job> jobs = SmallJobs();
@@ -109,7 +120,8 @@ TEST(PassThrough, LeavesJobsWithoutSequencesUnchanged) {
         SCOPED_TRACE(job.name + (", " + settings) + (inputFile ? " from a file" : ""));
         Program program = Filter(settings);
         program.inputFile = inputFile;
-        ExpectUnchanged(program, job.bytes);
+        // What is a comment in PostScript is text in PCL.
+        ExpectUnchanged(program, job.bytes, settings == "stream=pcl" ? MissingIn(job.bytes) : "");
       }
     }
   }
@@ -169,7 +181,7 @@ std::string Torture(std::mt19937& random) {
 bool MightHoldASequence(const std::string& job) {
   std::string letters;
   for (const char c : job) {
-    if (c != '\\' && c != '\n') letters += c;
+    if (c != '\\' && c != '\n' && c != '\r') letters += c;
   }
   return letters.find("$_vxrs") != letters.npos;
 }

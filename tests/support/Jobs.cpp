@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <utility>
 
 namespace Support {
 namespace {
@@ -80,14 +81,20 @@ std::string Wrapped(std::string_view drawing, std::string_view placement) {
 }
 
 std::string WithoutBarcodes(std::string_view job) {
-  std::string rest;
-  for (;;) {
-    const std::size_t begin = job.find(kOpener);
-    const std::size_t end = job.find(kCloser, begin == job.npos ? 0 : begin);
-    rest += job.substr(0, begin);
-    if (begin == job.npos || end == job.npos) return rest;
-    job.remove_prefix(end + kCloser.size());
+  constexpr std::pair<std::string_view, std::string_view> kInserted[] = {
+      {kOpener, kCloser},
+      {"\n\n% BEGIN OF MESSAGE\n", "% END OF MESSAGE\n\n"},
+      {"\n\n% BEGIN OF TEXT PLACEMENT\n", "% END OF TEXT PLACEMENT\n\n"}};
+  std::string rest(job);
+  for (const auto& [opener, closer] : kInserted) {
+    std::size_t begin = 0;
+    while ((begin = rest.find(opener, begin)) != rest.npos) {
+      const std::size_t end = rest.find(closer, begin);
+      if (end == rest.npos) break;
+      rest.erase(begin, end + closer.size() - begin);
+    }
   }
+  return rest;
 }
 
 }  // namespace Support

@@ -35,7 +35,7 @@ Program::Result Program::run(std::string_view input) const {
   const std::string ini = folder.write("test.ini", JoinLines(settings));
   Command command;
   // The ini file's option stands where a spooler's job number would.
-  command.arguments = {VEXTORIN_PROGRAM, "--inifile=" + ini, "joe", "A title", "1", "media=A4"};
+  command.arguments = {executable, "--inifile=" + ini, "joe", "A title", "1", "media=A4"};
   command.environment = environment;
   command.inputChunk = inputChunk;
   command.folder = folder.path();
