@@ -80,8 +80,9 @@ struct FarStops {
     const __m256i next = Load(at + 1);
     __m256i found = _mm256_setzero_si256();
     for (std::size_t i = 0; i < pairCount; ++i) {
-      found =
-          _mm256_or_si256(found, _mm256_and_si256(Equal(here, first[i]), Equal(next, second[i])));
+      const __m256i compared = _mm256_or_si256(next, folded[i]);
+      found = _mm256_or_si256(found,
+                              _mm256_and_si256(Equal(here, first[i]), Equal(compared, second[i])));
     }
     return found;
   }

@@ -12,18 +12,18 @@ namespace Filter {
 namespace {
 
 // Few byte values, so that pairs and signs come about.
-constexpr std::string_view kAlphabet = "()%<\\@$_\r\n\033rtf \xff\x80";
+constexpr std::string_view kAlphabet = "()%<\\@$_\r\n\f\033rtf \xff\x80";
 
 char RandomByte(std::mt19937& random) {
   return random() % 4 == 0 ? static_cast<char>(random()) : kAlphabet[random() % kAlphabet.size()];
 }
 
 StopSet RandomStops(std::mt19937& random) {
-  StopSet stops;
+  StopSet stops = random() % 4 == 0 ? StopSet('\f', '\f') : StopSet('(', ')');
   for (auto count = random() % StopSet::kMostBytes; count > 0; --count)
     stops.addByte(RandomByte(random));
   for (auto count = random() % StopSet::kMostPairs; count > 0; --count)
-    stops.addPair(RandomByte(random), RandomByte(random));
+    stops.addPair(RandomByte(random), RandomByte(random), random() % 3 ? '\0' : StopSet::kAnyCase);
   if (random() % 2) stops.setSign(RandomByte(random), RandomByte(random), RandomByte(random));
   if (random() % 2) stops.setLineEnd(random() % 2 ? '\n' : '\r');
   return stops;
@@ -32,7 +32,8 @@ StopSet RandomStops(std::mt19937& random) {
 bool Stops(const char* at, const StopSet& stops) {
   bool stop = stops.contains(at[0]);
   for (std::size_t i = 0; i < stops.pairCount; ++i)
-    stop |= at[0] == stops.pairs[i][0] && at[1] == stops.pairs[i][1];
+    stop |=
+        at[0] == stops.pairs[i].first && (at[1] | stops.pairs[i].folded) == stops.pairs[i].second;
   return stop || (stops.hasSign && at[0] == stops.sign[0] && at[1] == stops.sign[1] &&
                   at[4] == stops.sign[2]);
 }
@@ -49,11 +50,12 @@ TEST(BlockMasks, AreTheSameFromEveryMakerAndAsTheBytesSay) {
       MakeMasksPortably(bytes.data() + offset, portable.size(), stops, portable.data());
       for (std::size_t place = 0; place < best.size() * kBlockSize; ++place) {
         const char* const at = bytes.data() + offset + place;
-        const bool expected[] = {*at == '(', *at == ')', Stops(at, stops),
+        const auto [first, second] = stops.watched;
+        const bool expected[] = {*at == first, *at == second && second != first, Stops(at, stops),
                                  stops.hasLineEnd && *at == stops.lineEnd};
         for (const auto* const made : {&best, &portable}) {
           const BlockMasks& block = (*made)[place / kBlockSize];
-          const std::uint64_t masks[] = {block.open, block.close, block.stop, block.line};
+          const std::uint64_t masks[] = {block.first, block.second, block.stop, block.line};
           for (int mask = 0; mask < 4; ++mask) {
             ASSERT_EQ(masks[mask] >> place % kBlockSize & 1, expected[mask])
                 << (made == &best ? "best" : "portable") << " round " << round << " offset "
