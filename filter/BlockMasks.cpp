@@ -59,43 +59,47 @@ __attribute__((target("avx2"), always_inline)) inline std::uint64_t Bits(__m256i
   return lowBits | std::uint64_t{highBits} << 32;
 }
 
-// Where the bytes at `at` and those behind them are a pair or the sign.
-struct FarStops {
-  __m256i first[StopSet::kMostPairs], second[StopSet::kMostPairs], folded[StopSet::kMostPairs];
-  __m256i sign[3];
-  std::size_t pairCount;
+// Where a pair begins in the 32 bytes at `at`.
+template <std::size_t PairCount>
+struct Pairs {
+  __m256i first[PairCount + 1], second[PairCount + 1], folded[PairCount + 1];
 
-  __attribute__((target("avx2"))) explicit FarStops(const StopSet& stops)
-      : pairCount(stops.pairCount) {
-    for (std::size_t i = 0; i < pairCount; ++i) {
+  __attribute__((target("avx2"), always_inline)) explicit Pairs(const StopSet& stops) {
+    for (std::size_t i = 0; i < PairCount; ++i) {
       first[i] = Splat(stops.pairs[i].first);
       second[i] = Splat(stops.pairs[i].second);
       folded[i] = Splat(stops.pairs[i].folded);
     }
-    for (std::size_t i = 0; i < 3; ++i) sign[i] = Splat(stops.sign[i]);
   }
 
-  __attribute__((target("avx2"), always_inline)) __m256i pairs(const char* at) const {
+  __attribute__((target("avx2"), always_inline)) __m256i in(const char* at) const {
     const __m256i here = Load(at);
     const __m256i next = Load(at + 1);
     __m256i found = _mm256_setzero_si256();
-    for (std::size_t i = 0; i < pairCount; ++i) {
+    for (std::size_t i = 0; i < PairCount; ++i) {
       const __m256i compared = _mm256_or_si256(next, folded[i]);
       found = _mm256_or_si256(found,
                               _mm256_and_si256(Equal(here, first[i]), Equal(compared, second[i])));
     }
     return found;
   }
+};
 
-  __attribute__((target("avx2"), always_inline)) __m256i signs(const char* at) const {
-    return _mm256_and_si256(
-        Equal(Load(at), sign[0]),
-        _mm256_and_si256(Equal(Load(at + 1), sign[1]), Equal(Load(at + 4), sign[2])));
+// Where the sign begins in the 32 bytes at `at`.
+struct Sign {
+  __m256i at0, at1, at4;
+
+  __attribute__((target("avx2"), always_inline)) explicit Sign(const StopSet& stops)
+      : at0(Splat(stops.sign[0])), at1(Splat(stops.sign[1])), at4(Splat(stops.sign[2])) {}
+
+  __attribute__((target("avx2"), always_inline)) __m256i in(const char* at) const {
+    return _mm256_and_si256(Equal(Load(at), at0),
+                            _mm256_and_si256(Equal(Load(at + 1), at1), Equal(Load(at + 4), at4)));
   }
 };
 
 // All values are in registers before the first block; the loops over constant counts are unrolled.
-template <std::size_t ByteCount, bool WithPairs, bool WithSign, bool WithLines>
+template <std::size_t ByteCount, std::size_t PairCount, bool WithSign, bool WithLines>
 __attribute__((target("avx2"))) void MakeMasksWithAvx2(const char* bytes, std::size_t count,
                                                        const StopSet& stops, BlockMasks* masks) {
   const __m256i first = Splat(stops.watched[0]);
@@ -103,7 +107,8 @@ __attribute__((target("avx2"))) void MakeMasksWithAvx2(const char* bytes, std::s
   const __m256i line = Splat(stops.lineEnd);
   __m256i values[ByteCount + 1];
   for (std::size_t i = 0; i < ByteCount; ++i) values[i] = Splat(stops.bytes[i]);
-  const FarStops far(stops);
+  const Pairs<PairCount> pairs(stops);
+  const Sign sign(stops);
   const bool watchesTwo = stops.watched[0] != stops.watched[1];
   for (std::size_t block = 0; block < count; ++block, bytes += kBlockSize) {
     const __m256i low = Load(bytes);
@@ -114,13 +119,13 @@ __attribute__((target("avx2"))) void MakeMasksWithAvx2(const char* bytes, std::s
       lowStops = _mm256_or_si256(lowStops, Equal(low, values[i]));
       highStops = _mm256_or_si256(highStops, Equal(high, values[i]));
     }
-    if constexpr (WithPairs) {
-      lowStops = _mm256_or_si256(lowStops, far.pairs(bytes));
-      highStops = _mm256_or_si256(highStops, far.pairs(bytes + 32));
+    if constexpr (PairCount > 0) {
+      lowStops = _mm256_or_si256(lowStops, pairs.in(bytes));
+      highStops = _mm256_or_si256(highStops, pairs.in(bytes + 32));
     }
     if constexpr (WithSign) {
-      lowStops = _mm256_or_si256(lowStops, far.signs(bytes));
-      highStops = _mm256_or_si256(highStops, far.signs(bytes + 32));
+      lowStops = _mm256_or_si256(lowStops, sign.in(bytes));
+      highStops = _mm256_or_si256(highStops, sign.in(bytes + 32));
     }
     masks[block] = {Bits(Equal(low, first), Equal(high, first)),
                     watchesTwo ? Bits(Equal(low, second), Equal(high, second)) : 0,
@@ -129,28 +134,52 @@ __attribute__((target("avx2"))) void MakeMasksWithAvx2(const char* bytes, std::s
   }
 }
 
-template <bool... With, std::size_t... Counts>
-constexpr auto MakersFor(std::index_sequence<Counts...>) {
-  return std::array<MaskMaker, sizeof...(Counts)>{MakeMasksWithAvx2<Counts, With...>...};
+// Text has single bytes and the sign, indexed by the number of bytes.
+template <bool WithSign, bool WithLines, std::size_t... ByteCounts>
+constexpr auto MakersForText(std::index_sequence<ByteCounts...>) {
+  return std::array<MaskMaker, sizeof...(ByteCounts)>{
+      MakeMasksWithAvx2<ByteCounts, 0, WithSign, WithLines>...};
 }
 
-template <bool... With>
-void Dispatch(const char* bytes, std::size_t count, const StopSet& stops, BlockMasks* masks) {
+template <bool WithSign, bool WithLines>
+MaskMaker MakerForText(std::size_t byteCount) {
   static constexpr auto kMakers =
-      MakersFor<With...>(std::make_index_sequence<StopSet::kMostBytes + 1>());
-  kMakers[stops.byteCount](bytes, count, stops, masks);
+      MakersForText<WithSign, WithLines>(std::make_index_sequence<StopSet::kMostBytes + 1>());
+  return kMakers[byteCount];
 }
 
-// Indexed by what is wanted beside single bytes: pairs 1, the sign 2, line ends 4.
-constexpr std::array<MaskMaker, 8> kDispatchers = {
-    Dispatch<false, false, false>, Dispatch<true, false, false>, Dispatch<false, true, false>,
-    Dispatch<true, true, false>,   Dispatch<false, false, true>, Dispatch<true, false, true>,
-    Dispatch<false, true, true>,   Dispatch<true, true, true>};
+// Binary data have pairs and few single bytes, indexed by the number of pairs less one.
+template <std::size_t ByteCount, bool WithLines, std::size_t... PairCounts>
+constexpr auto MakersForData(std::index_sequence<PairCounts...>) {
+  return std::array<MaskMaker, sizeof...(PairCounts)>{
+      MakeMasksWithAvx2<ByteCount, PairCounts + 1, false, WithLines>...};
+}
+
+template <bool WithLines>
+MaskMaker MakerForData(std::size_t byteCount, std::size_t pairCount) {
+  constexpr auto kPairCounts = std::make_index_sequence<StopSet::kMostPairs>();
+  static constexpr std::array kMakers = {
+      MakersForData<0, WithLines>(kPairCounts), MakersForData<1, WithLines>(kPairCounts),
+      MakersForData<2, WithLines>(kPairCounts), MakersForData<3, WithLines>(kPairCounts)};
+  return byteCount < kMakers.size() ? kMakers[byteCount][pairCount - 1] : MakeMasksPortably;
+}
+
+MaskMaker MakerFor(const StopSet& stops) {
+  const bool lines = stops.hasLineEnd;
+  if (stops.pairCount == 0 && stops.hasSign)
+    return lines ? MakerForText<true, true>(stops.byteCount)
+                 : MakerForText<true, false>(stops.byteCount);
+  if (stops.pairCount == 0)
+    return lines ? MakerForText<false, true>(stops.byteCount)
+                 : MakerForText<false, false>(stops.byteCount);
+  if (stops.hasSign) return MakeMasksPortably;
+  return lines ? MakerForData<true>(stops.byteCount, stops.pairCount)
+               : MakerForData<false>(stops.byteCount, stops.pairCount);
+}
 
 void MakeMasksForAvx2(const char* bytes, std::size_t count, const StopSet& stops,
                       BlockMasks* masks) {
-  const unsigned wanted = 1U * (stops.pairCount > 0) + 2U * stops.hasSign + 4U * stops.hasLineEnd;
-  kDispatchers[wanted](bytes, count, stops, masks);
+  MakerFor(stops)(bytes, count, stops, masks);
 }
 
 #endif
