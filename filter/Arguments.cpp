@@ -3,6 +3,7 @@
 #include "filter/PostScriptString.h"
 #include "settings/Values.h"
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -54,7 +55,14 @@ void JoinOptionName(std::string& text) {
   constexpr std::string_view kSeparators = " \t\n\f\r";
   const std::size_t last = text.find_last_not_of(kSeparators);
   if (last == std::string::npos) return;
-  const std::size_t begin = text.find_last_of(kSeparators, last) + 1;
+  // Where strings touch, all that was read is one word, which must not be searched for each of
+  // them.
+  constexpr std::size_t kLongestName = 64;
+  const std::size_t from = last + 1 - std::min(last + 1, kLongestName);
+  const std::size_t separator =
+      std::string_view(text).substr(from, last + 1 - from).find_last_of(kSeparators);
+  if (separator == std::string::npos && from > 0) return;
+  const std::size_t begin = from + separator + 1;
   const std::string_view word = std::string_view(text).substr(begin, last + 1 - begin);
   if (word.find('=') != std::string_view::npos) return;
   const bool touching = last + 1 == text.size();

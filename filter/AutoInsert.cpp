@@ -246,13 +246,18 @@ ResultCode AutoInsert::takeSequences() {
   return result;
 }
 
-// Finds the next begin token, which may be split over units that were not read yet.
+// Finds the next begin token, which may be split over units that were not read yet. Another part of
+// a token than the one that the text ends with now is found when its string's turn comes.
 bool AutoInsert::findBegin(std::size_t from, std::size_t& begin) {
   const std::string& token = job.application.escapeBegin;
+  std::size_t partBegin = kNone;
   while (true) {
     begin = text.find(token, from);
     if (begin != kNone) return true;
-    if (PartAtEnd(std::string_view(text).substr(from), token) == 0 || !readNextUnit()) return false;
+    const std::size_t part = PartAtEnd(std::string_view(text).substr(from), token);
+    const std::size_t now = text.size() - part;
+    if (part == 0 || now > partBegin || !readNextUnit()) return false;
+    partBegin = now;
   }
 }
 
@@ -260,11 +265,12 @@ bool AutoInsert::findBegin(std::size_t from, std::size_t& begin) {
 bool AutoInsert::findEnd(std::size_t from, std::size_t& end) {
   const std::string& token = job.application.escapeEnd;
   std::size_t searched = from;
+  const bool hasNone = placeOf(from) < noEndBefore;
   while (true) {
     end = text.find(token, searched);
     if (end != kNone) break;
     searched = std::max(from, text.size() - std::min(text.size(), token.size()));
-    if (placeOf(from) < noEndBefore || !readNextUnit()) return false;
+    if (hasNone || !readNextUnit()) return false;
   }
   end += token.size();
   return true;

@@ -218,13 +218,15 @@ std::optional<DataSection> DataBehindComment(std::string_view comment) {
 }
 
 std::optional<FoundData> DataBehindDictionary(std::string_view text) {
+  // Dictionaries of streams are flat; a job full of openers must not be read once for each of them.
+  constexpr int kDeepest = 8;
   std::uint64_t length = 0;
   int depth = 0;
   std::string_view key;
   for (Token token = NextToken(text, 0); token.kind != Token::kEnd;
        token = NextToken(text, token.end)) {
     const std::string_view word = token.in(text);
-    if (token.kind == Token::kOpenDictionary) ++depth;
+    if (token.kind == Token::kOpenDictionary && ++depth > kDeepest) return std::nullopt;
     if (token.kind == Token::kNumber && depth == 1 && key == "/Length") length = Count(word);
     if (token.kind == Token::kName && depth > 0) return std::nullopt;  // a program's dictionary
     if (token.kind == Token::kLiteralName || token.kind == Token::kNumber) key = word;

@@ -64,10 +64,9 @@ PostScriptScanner::Found PostScriptScanner::next(const Wanted& newWanted) {
   while (true) {
     passData();
     giveUpLongString();
-    if (stream.peek(0).size() < position + kBlockSize + kBlockLookAhead) {
-      passTo(std::min(stringBegin, position));
-      if (marks.lineBegins) stream.keepFrom(lineBeginPlace);
-    }
+    // At once, since whatever looks ahead makes the window grow.
+    passTo(std::min(stringBegin, position));
+    if (marks.lineBegins) stream.keepFrom(lineBeginPlace);
     const std::string_view window = stream.peek(position + kBlockSize + kBlockLookAhead);
     if (window.size() <= position) {
       restartAt(window.size());

@@ -302,6 +302,18 @@ std::vector<std::size_t> HexadecimalOffsets(std::string_view token) {
   return offsets;
 }
 
+// Whether `next` would be read as a part of the escape or line end that `text` ends with.
+bool JoinsOnto(std::string_view text, char next) {
+  if (next == '\n') return text.ends_with('\r');
+  if (!IsOctalDigit(next)) return false;
+  constexpr std::size_t kMostDigits = 3;
+  std::size_t digits = 0;
+  while (digits < text.size() && IsOctalDigit(text[text.size() - 1 - digits])) ++digits;
+  text.remove_suffix(digits);
+  const std::size_t backslashes = text.size() - (text.find_last_not_of('\\') + 1);
+  return digits > 0 && digits < kMostDigits && backslashes % 2 == 1;
+}
+
 }  // namespace
 
 std::string WithoutBytes(std::string_view token, const std::vector<ByteRange>& ranges) {
@@ -312,15 +324,24 @@ std::string WithoutBytes(std::string_view token, const std::vector<ByteRange>& r
     }
     return encodeAscii85(bytes);
   }
+  const bool literal = FormOf(token) == StringForm::kLiteral;
   const std::vector<std::size_t> offsets =
-      FormOf(token) == StringForm::kLiteral ? LiteralOffsets(token) : HexadecimalOffsets(token);
+      literal ? LiteralOffsets(token) : HexadecimalOffsets(token);
   std::string rest;
+  const auto append = [&](std::string_view piece) {
+    if (literal && !piece.empty() && JoinsOnto(rest, piece.front())) {
+      AppendOctal(rest, static_cast<unsigned char>(piece.front()));
+      piece.remove_prefix(1);
+    }
+    rest += piece;
+  };
   std::size_t from = 0;
   for (const ByteRange& range : ranges) {
-    rest += token.substr(from, offsets[range.begin] - from);
+    append(token.substr(from, offsets[range.begin] - from));
     from = offsets[range.end];
   }
-  return rest += token.substr(from);
+  append(token.substr(from));
+  return rest;
 }
 
 }  // namespace Filter
