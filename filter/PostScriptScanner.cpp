@@ -297,10 +297,10 @@ bool PostScriptScanner::candidateAt(std::size_t at) {
   const BeginMatch match = MatchBegin(window.substr(at), marks.begin);
   if (match == BeginMatch::kNone) return false;
   if (match == BeginMatch::kPart && !marks.splitBegins) return false;
-  return findStringAround(at);
+  return findStringAround(at, match == BeginMatch::kWhole);
 }
 
-bool PostScriptScanner::findStringAround(std::size_t at) {
+bool PostScriptScanner::findStringAround(std::size_t at, bool whole) {
   std::size_t opener = stringBegin;
   bool foreign = false;
   for (int tried = 0; tried < kMostOpeners && opener < at; ++tried) {
@@ -320,7 +320,7 @@ bool PostScriptScanner::findStringAround(std::size_t at) {
   if (foreign) {
     stringBegin = kNone;
     depth = 0;
-    return !inComment(at) && stopAt(at, Found::kBeginToken);
+    return whole && !inComment(at) && stopAt(at, Found::kBeginToken);
   }
   const std::size_t rest = stream.peek(0).size() - stringBegin;
   return stream.inputEnded() && rest <= kLongestString &&

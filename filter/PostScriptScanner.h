@@ -103,7 +103,7 @@ class PostScriptScanner {
   bool endString(std::size_t end);
   bool escapesBegin(std::size_t at);
   bool candidateAt(std::size_t at);
-  bool findStringAround(std::size_t at);
+  bool findStringAround(std::size_t at, bool whole);
   bool inComment(std::size_t at);
   std::size_t sizeOfString(std::size_t begin);
   bool holdsBegin(std::size_t begin, std::size_t size);

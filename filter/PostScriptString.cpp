@@ -23,6 +23,12 @@ bool IsOctalDigit(char c) {
   return c >= '0' && c <= '7';
 }
 
+// Of the carriage return at `at`, with the line feed behind it. Any line end in a string is read as
+// a line feed.
+std::size_t LineEndLength(std::string_view text, std::size_t at) {
+  return text.substr(at).starts_with("\r\n") ? 2 : 1;
+}
+
 bool IsSpace(char c) {
   return c == ' ' || (c >= '\t' && c <= '\r') || c == '\0';
 }
@@ -92,7 +98,7 @@ void AppendBigEndian(std::string& bytes, std::uint32_t word, int count) {
 std::size_t DecodeEscape(std::string_view text, std::size_t at, std::string& bytes) {
   const char c = text[at];
   if (c == '\n') return at + 1;  // a line continuation
-  if (c == '\r') return at + (text.substr(at).starts_with("\r\n") ? 2 : 1);
+  if (c == '\r') return at + LineEndLength(text, at);
   if (IsOctalDigit(c)) {
     unsigned value = 0;
     const std::size_t end = std::min(at + 3, text.size());
@@ -170,11 +176,16 @@ std::string decodeLiteral(std::string_view token) {
   std::string bytes;
   bytes.reserve(token.size());
   for (std::size_t at = 0; at < token.size();) {
-    const std::size_t backslash = std::min(token.find('\\', at), token.size());
-    bytes += token.substr(at, backslash - at);
-    at = backslash;
+    const std::size_t special = std::min(token.find_first_of("\\\r", at), token.size());
+    bytes += token.substr(at, special - at);
+    at = special;
     if (at == token.size()) break;
-    if (++at < token.size()) at = DecodeEscape(token, at, bytes);
+    if (token[at] == '\r') {
+      bytes += '\n';
+      at += LineEndLength(token, at);
+    } else if (++at < token.size()) {
+      at = DecodeEscape(token, at, bytes);
+    }
   }
   return bytes;
 }
@@ -262,11 +273,10 @@ std::string EncodeLike(std::string_view token, std::string_view bytes) {
       break;
   }
   if (ClosesLiteral(token)) return encodeLiteral(bytes);
-  const bool lineEnd = !bytes.empty() && token.ends_with(bytes.back()) &&
-                       (bytes.back() == '\n' || bytes.back() == '\r');
+  const bool lineEnd = bytes.ends_with('\n') && (token.ends_with('\n') || token.ends_with('\r'));
   std::string literal = encodeLiteral(bytes.substr(0, bytes.size() - lineEnd));
-  literal.back() = bytes.empty() ? '\n' : bytes.back();
-  if (!lineEnd) literal.pop_back();
+  literal.pop_back();
+  if (lineEnd) literal += token.back();
   return literal;
 }
 
@@ -280,7 +290,10 @@ std::vector<std::size_t> LiteralOffsets(std::string_view token) {
   for (std::size_t at = 1; at < end;) {
     const std::size_t begin = at;
     bytes.clear();
-    if (token[at] != '\\') {
+    if (token[at] == '\r') {
+      bytes = '\n';
+      at += LineEndLength(token, at);
+    } else if (token[at] != '\\') {
       bytes = token[at++];
     } else if (++at < end) {
       at = DecodeEscape(token.substr(0, end), at, bytes);
