@@ -15,6 +15,8 @@ namespace {
 constexpr std::size_t kNone = std::string_view::npos;
 // Noise has that many printable bytes behind a line end once in 10^13 bytes.
 constexpr std::size_t kTextRun = 32;
+// Text lines of programs are shorter; in front of a token in a longer one nothing is known.
+constexpr std::size_t kLongestTextLine = 1024;
 // A marker or closing line may be cut by the window's end.
 constexpr std::size_t kMargin = 64;
 constexpr int kRunLengthEnd = 128;
@@ -33,14 +35,26 @@ std::size_t LineBegin(std::string_view window, std::size_t at) {
   return window.find_last_of("\r\n", at == 0 ? 0 : at - 1) + 1;
 }
 
-// Where a line that holds `token` begins, if all in front of the token is text.
-std::size_t FindTextLineWith(std::string_view window, std::string_view token) {
+// Where a line that holds `token` begins, if all in front of the token is text. `midLine`: the
+// window begins within a line.
+std::size_t FindTextLineWith(std::string_view window, std::string_view token, bool midLine) {
   for (std::size_t at = token.empty() ? kNone : window.find(token); at != kNone;
        at = window.find(token, at + 1)) {
     const std::size_t line = at == 0 ? 0 : LineBegin(window, at);
-    if (AllText(window.substr(line, at - line))) return line;
+    if (line == 0 && midLine) continue;
+    if (at - line <= kLongestTextLine && AllText(window.substr(line, at - line))) return line;
   }
   return kNone;
+}
+
+// Where the window's last line begins if it may still become one of text that holds a token; else
+// the window's end.
+std::size_t OpenTextLine(std::string_view window, bool midLine) {
+  const std::size_t line = window.find_last_of("\r\n") + 1;
+  const std::string_view open = window.substr(line);
+  if ((line == 0 && midLine) || open.size() > kLongestTextLine || !AllText(open))
+    return window.size();
+  return line;
 }
 
 std::uint64_t Count(std::string_view text) {
@@ -106,32 +120,37 @@ DataSection DataSection::UpToText() {
 }
 
 std::size_t DataSection::take(std::string_view window, bool inputEnded, std::string_view token) {
-  std::size_t size = 0;
-  const bool counted = (end == End::kCount && !computed) || end == End::kLines;
   // What the job counts is data whatever it holds; of other data the text behind is known best.
-  const std::size_t text = counted ? kNone : FindTextLineWith(window, token);
-  if (text != kNone) window = window.substr(0, text);
-  inputEnded = inputEnded || text != kNone;
-  switch (end) {
-    case End::kCount:
-      size = takeCounted(window);
-      break;
-    case End::kLines:
-      size = takeLines(window, inputEnded);
-      break;
-    case End::kMarker:
-      size = takeToMarker(window, inputEnded);
-      break;
-    case End::kRunLength:
-      size = takeRuns(window);
-      break;
-    case End::kText:
-      size = takeToText(window, inputEnded);
-      break;
+  const bool counted = (end == End::kCount && !computed) || end == End::kLines;
+  std::size_t text = kNone;
+  if (!counted) {
+    text = FindTextLineWith(window, token, midLine);
+    if (text != kNone) {
+      window = window.substr(0, text);
+    } else if (!inputEnded) {
+      window = window.substr(0, OpenTextLine(window, midLine));
+      if (window.empty()) return 0;
+    }
   }
-  if (text != kNone && size == window.size()) done = true;
-  if (size == 0 && inputEnded) done = true;
+  const std::size_t size = takeByKind(window, inputEnded || text != kNone);
+  if ((text != kNone && size == window.size()) || (size == 0 && inputEnded)) done = true;
+  if (size > 0) midLine = window[size - 1] != '\n' && window[size - 1] != '\r';
   return size;
+}
+
+std::size_t DataSection::takeByKind(std::string_view window, bool inputEnded) {
+  switch (end) {
+    case End::kLines:
+      return takeLines(window, inputEnded);
+    case End::kMarker:
+      return takeToMarker(window, inputEnded);
+    case End::kRunLength:
+      return takeRuns(window);
+    case End::kText:
+      return takeToText(window, inputEnded);
+    default:
+      return takeCounted(window);
+  }
 }
 
 std::size_t DataSection::finishAt(std::size_t size) {

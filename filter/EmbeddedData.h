@@ -50,6 +50,7 @@ class DataSection {
   std::size_t take(std::string_view window, bool inputEnded, std::string_view token);
 
  private:
+  std::size_t takeByKind(std::string_view window, bool inputEnded);
   std::size_t takeCounted(std::string_view window);
   std::size_t takeLines(std::string_view window, bool inputEnded);
   std::size_t takeToMarker(std::string_view window, bool inputEnded);
@@ -62,6 +63,7 @@ class DataSection {
   std::string marker;  // data end behind it
   std::string closer;  // a line that ends the section although its count says otherwise
   bool computed = false;
+  bool midLine = false;  // the last byte taken ended no line
   bool done = false;
   bool stream = false;
 };
