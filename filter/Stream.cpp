@@ -32,7 +32,8 @@ bool Again(int file, short events) {
 
 }  // namespace
 
-Stream::Stream() : input(STDIN_FILENO), buffer(kLookBack + kBlock) {
+Stream::Stream() : input(STDIN_FILENO), bufferSize(kLookBack + kBlock) {
+  buffer = std::make_unique_for_overwrite<char[]>(bufferSize);
   cursor = limit = historyBegin = kLookBack;
 }
 
@@ -68,7 +69,7 @@ void Stream::ungetString(std::string_view bytes) {
   if (cursor < bytes.size()) makeRoomInFront(bytes.size());
   cursor -= bytes.size();
   historyBegin = cursor;
-  std::copy(bytes.begin(), bytes.end(), buffer.begin() + static_cast<std::ptrdiff_t>(cursor));
+  std::copy(bytes.begin(), bytes.end(), buffer.get() + cursor);
 }
 
 void Stream::putString(std::string_view bytes) {
@@ -81,7 +82,7 @@ bool Stream::extend() {
   makeRoomBehind();
   ssize_t count;
   do {
-    count = ::read(input, buffer.data() + limit, buffer.size() - limit);
+    count = ::read(input, buffer.get() + limit, bufferSize - limit);
   } while (count < 0 && Again(input, POLLIN));
   if (count < 0) failedRead = errno;
   ended = count <= 0;
@@ -134,7 +135,7 @@ void Stream::holdFrom(std::uint64_t place) {
   const std::uint64_t size = position() - place;
   if (holding || place > position() || passedEnd != cursor || size > passedEnd - passedBegin)
     return;
-  const std::string_view passed(buffer.data() + passedBegin, passedEnd - passedBegin);
+  const std::string_view passed(buffer.get() + passedBegin, passedEnd - passedBegin);
   const std::size_t before = passed.size() - static_cast<std::size_t>(size);
   emitUnheld(passed.substr(0, before));
   held = passed.substr(before);
@@ -147,12 +148,26 @@ void Stream::flush() {
   writeOutput();
 }
 
+// Moves bytes of the buffer, which has at least `size` bytes then. Builds with assertions take a
+// new one every time.
+void Stream::moveKept(std::size_t from, std::size_t kept, std::size_t to, std::size_t size) {
+#ifdef NDEBUG
+  if (size <= bufferSize) {
+    std::memmove(buffer.get() + to, buffer.get() + from, kept);
+    return;
+  }
+#endif
+  bufferSize = std::max(size, bufferSize);
+  auto moved = std::make_unique_for_overwrite<char[]>(bufferSize);
+  std::memcpy(moved.get() + to, buffer.get() + from, kept);
+  buffer = std::move(moved);
+}
+
 // Moves the unread bytes so that `count` bytes fit in front of them.
 void Stream::makeRoomInFront(std::size_t count) {
   const std::size_t unread = limit - cursor;
   const std::size_t front = kLookBack + count;
-  if (buffer.size() < front + unread) buffer.resize(front + unread + kBlock);
-  std::memmove(buffer.data() + front, buffer.data() + cursor, unread);
+  moveKept(cursor, unread, front, front + unread + kBlock);
   cursor = front;
   limit = front + unread;
 }
@@ -170,22 +185,14 @@ std::size_t Stream::bytesToKeep() const {
 // fills half of it, so that a long string costs linear time even if it arrives in small pieces.
 void Stream::makeRoomBehind() {
 #ifdef NDEBUG
-  if (buffer.size() - limit >= kBlock / 2) return;
+  if (bufferSize - limit >= kBlock / 2) return;
 #endif
   const std::size_t keep = bytesToKeep();
   settlePassed(passedEnd == cursor ? keep : 0);
   const std::size_t kept = keep + limit - cursor;
-  std::size_t size = buffer.size();
+  std::size_t size = bufferSize;
   while (kept > size / 2) size *= 2;
-  const auto from = static_cast<std::ptrdiff_t>(cursor - keep);
-#ifdef NDEBUG
-  if (size > buffer.size()) buffer.resize(size);
-  std::memmove(buffer.data(), buffer.data() + from, kept);
-#else
-  std::vector<char> moved(size);
-  std::copy_n(buffer.begin() + from, kept, moved.begin());
-  buffer = std::move(moved);
-#endif
+  moveKept(cursor - keep, kept, 0, size);
   if (passedBegin != passedEnd) {
     passedBegin -= cursor - keep;
     passedEnd = keep;
@@ -199,7 +206,7 @@ void Stream::makeRoomBehind() {
 void Stream::settlePassed(std::size_t keep) {
   const std::size_t size = passedEnd - passedBegin;
   if (size <= keep) return;
-  const std::string_view passed(buffer.data() + passedBegin, size - keep);
+  const std::string_view passed(buffer.get() + passedBegin, size - keep);
   passedBegin += passed.size();
   if (keep == 0) passedBegin = passedEnd = 0;
   emit(passed);

@@ -21,9 +21,9 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace Filter {
 
@@ -54,7 +54,7 @@ class Stream {
   // The window with at least `count` bytes, fewer only at the end of the input.
   std::string_view peek(std::size_t count) {
     while (limit - cursor < count && extend()) continue;
-    return {buffer.data() + cursor, limit - cursor};
+    return {buffer.get() + cursor, limit - cursor};
   }
   // Reads more behind the window, which keeps its bytes. False at the end of the input.
   bool extend();
@@ -66,11 +66,11 @@ class Stream {
   // So many bytes of the job in front of the window stay at hand. REQUIRES: at most kLookBack
   void setLookBack(std::size_t size) { lookBackSize = size; }
   // The bytes of the job in front of the window, as far as they are at hand.
-  std::string_view history() const { return {buffer.data() + historyBegin, cursor - historyBegin}; }
+  std::string_view history() const { return {buffer.get() + historyBegin, cursor - historyBegin}; }
   // Up to `most` bytes of the job in front of an offset in the window, as far as they are at hand.
   std::string_view before(std::size_t offset, std::size_t most) const {
     const std::size_t size = std::min(most, cursor + offset - historyBegin);
-    return {buffer.data() + cursor + offset - size, size};
+    return {buffer.get() + cursor + offset - size, size};
   }
   // Takes passed bytes back into the window. False when they have been written already.
   bool retract(std::size_t count);
@@ -98,6 +98,7 @@ class Stream {
   int writeError() const { return failedWrite; }
 
  private:
+  void moveKept(std::size_t from, std::size_t kept, std::size_t to, std::size_t size);
   void makeRoomInFront(std::size_t count);
   void makeRoomBehind();
   std::size_t bytesToKeep() const;
@@ -111,7 +112,8 @@ class Stream {
   bool ended = false;  // the input reported its end; standard input is not asked again
   int failedRead = 0;
   int failedWrite = 0;
-  std::vector<char> buffer;
+  std::unique_ptr<char[]> buffer;  // not cleared: a page that nothing was read into costs nothing
+  std::size_t bufferSize;
   std::size_t cursor = 0, limit = 0;
   std::size_t passedBegin = 0, passedEnd = 0;
   std::size_t historyBegin = 0;
