@@ -15,6 +15,8 @@ const std::string kBlanked = Blanks(kSequence.size());
 // A sequence outside a PostScript string loses the byte behind its begin token.
 const std::string kRawBlanked = Blanks(kSequence.size() - 1);
 const std::string kRaw = kDrawing + kRawBlanked;
+const std::string kLongLine(8190, 'x');
+const std::string kOpenData = "RD \x01((<\xff(\\\x80<~(( ND\n";
 const std::string kReset = "\033E";
 const std::string kExit = "\033%-12345X";
 
@@ -63,6 +65,44 @@ TEST(Embedding, PutsTheBarcodeWhereInsertSays) {
             kReset);
 }
 
+TEST(Embedding, TakesTheLineEndsOfTheJobForLines) {
+  const std::string string = "(two " + kBlanked + ") show % (";
+  for (const std::string end : {"\r", "\r\n", "\n"}) {
+    const std::string head = "%!PS" + end + "one % (" + end, tail = end + "three" + end;
+    const std::string job = "(two " + kSequence + ") show % (" + tail;
+    CheckRows({{"before", "insert=beforeline", job, kBarcode + string + tail},
+               {"after", "insert=afterline", job, string + end + kBarcode + "three" + end},
+               {"ended by lines", "linebyline", "(open" + end + job,
+                "(open" + end + kBarcode + string + tail}},
+              head);
+    const std::string pcl = kReset + "one" + end;
+    CheckRows(
+        {{"before, PCL", "insert=beforeline", kSequence + tail, kDrawing + kRawBlanked + tail},
+         {"after, PCL", "insert=afterline", kSequence + tail,
+          kRawBlanked + end + kDrawing + "three" + end}},
+        pcl);
+  }
+}
+
+TEST(Embedding, LeavesPdfJobsAlone) {
+  const std::string rest = "PDF-1.4\n1 0 obj (" + kSequence + ") Tj\n";
+  const std::string blanked = "PDF-1.4\n1 0 obj (" + kRaw + ") Tj\n";
+  const std::string told = "INFO: vextorin: Info: The job is a PDF file and passes unchanged.\n";
+  const auto errorsOf = [](const std::string& job) {
+    std::string lines;
+    for (const std::string& line : Split(Recorded(Filter("trace=info pclreset")).run(job).errors))
+      if (line.find("PDF") != line.npos) lines += line + '\n';
+    return lines;
+  };
+  const Lines heads = {"%", "junk\n%", Blanks(1024 - 5) + "%", kExit + "@PJL JOB\n%"};
+  for (const std::string& head : heads) {
+    CheckRows({{head.c_str(), "pclreset", head + rest, head + rest}});
+    EXPECT_EQ(errorsOf(head + rest), told);
+  }
+  CheckRows({{"too late", "", Blanks(1024 - 4) + "%" + rest, Blanks(1024 - 4) + "%" + blanked},
+             {"PCL", "", kReset + "%" + rest, kReset + "%" + blanked}});
+}
+
 // The barcode of each of two sequences waits for a pattern of its own.
 TEST(Embedding, WaitsForTheInsertPattern) {
   const std::string job =
@@ -77,6 +117,10 @@ TEST(Embedding, WaitsForTheInsertPattern) {
               front + kBarcode + line + middle + kBarcode + second},
              {"after its line", "insertpattern=HERE insert=afterline", job,
               front + line + kBarcode + middle + second + kBarcode}},
+            "%!PS\n(");
+  const std::string comments = ") show\n%%Here it's (\n(x) show % %%Her (\n";
+  CheckRows({{"a comment, and nearly so", "insertpattern=%%HERE", kSequence + comments + "%%HERE\n",
+              kBlanked + comments + kBarcode + "%%HERE\n"}},
             "%!PS\n(");
 }
 
@@ -94,6 +138,16 @@ TEST(Embedding, FindsEverySequenceInEveryFormOfString) {
         kBarcode + "(A\\(" + kBlanked + "\\r\\n\\t\\b\\f\\001\\377q) show\n"},
        {"nested parentheses", "", "(((" + kSequence + ")x)) show\n",
         kBarcode + "(\\(\\(" + kBlanked + "\\)x\\)) show\n"},
+       {"several lines", "", "(one\ntwo " + kSequence + "\n(three)) show\n",
+        kBarcode + "(one\\ntwo " + kBlanked + "\\n\\(three\\)) show\n"},
+       {"continued lines", "", "(a\\\n$_vx\\\rrs --da\\\r\nta=1 $_vx\\\nre\\\n) show\n",
+        kBarcode + "(a" + kBlanked + ") show\n"},
+       {"long lines", "", "(" + kLongLine + kSequence + kLongLine + ") show\n",
+        kBarcode + "(" + kLongLine + kBlanked + kLongLine + ") show\n"},
+       {"behind data with open parentheses", "", kOpenData + "(" + kSequence + ") show\n",
+        kOpenData + kBarcode + "(" + kBlanked + ") show\n"},
+       {"behind a comment of a lone carriage return", "", "% (\r(" + kSequence + ") show\n",
+        "% (\r" + kBarcode + "(" + kBlanked + ") show\n"},
        {"split", "", split + " y) show\n", kBarcode + joined + " y) show\n"},
        {"kerned", "", "[(x$_vxrs)-20( --data=1 )15($_vxre.)] TJ",
         "[" + kBarcode + "(x" + Blanks(6) + ")-20(" + Blanks(10) + ")15(" + Blanks(6) + ".)] TJ"},

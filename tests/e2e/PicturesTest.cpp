@@ -59,6 +59,7 @@ TEST(Pictures, StayWhateverTheirBytesAreAndHoweverTheyArrive) {
   };
   std::vector<Row> rows = {{1, 64, 1}, {2, 64, 7}, {3, 180, 4096}};
   for (unsigned seed = 4; seed < 12; ++seed) rows.push_back({seed, 64 + seed * 9, 0});
+  rows.push_back({12, 700, 0});
   for (const auto& [seed, side, chunk] : rows) {
     for (const Picture& picture : PicturesOf(Noise(seed, side * side), side)) {
       for (const std::string settings : {"insert=beforestring", "insert=auto"}) {

@@ -158,6 +158,9 @@ std::vector<Picture> PicturesOf(std::string_view samples, std::size_t side) {
                                            "} bind def\nIM\n" + Ascii85(raw)},
       {"procedure that reads binary data",
        row + "/IM { " + ImageByProcedure(reader, side) + " } bind def\nIM\n" + raw + '\n'},
+      {"procedure whose reader is hidden", row + "/F (currentfile) cvx def /IM { " +
+                                               ImageByProcedure("F row readstring pop", side) +
+                                               " } bind def\nIM\n" + raw + '\n'},
   };
 }
 

@@ -38,6 +38,7 @@ Program::Result Program::run(std::string_view input) const {
   command.arguments = {executable, "--inifile=" + ini, "joe", "A title", "1", "media=A4"};
   command.environment = environment;
   command.inputChunk = inputChunk;
+  command.slow = slow;
   command.folder = folder.path();
   if (standIn) {
     command.environment.emplace_back("LD_LIBRARY_PATH", VEXTORIN_STANDIN);

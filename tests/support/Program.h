@@ -21,6 +21,7 @@ struct Program {
   Environment environment{};
   std::size_t inputChunk = 0;  // see Command
   bool inputFile = false;      // the job as a named file instead of standard input
+  bool slow = false;           // see Command
   std::string executable = VEXTORIN_PROGRAM;
 
   // The result of a run, with the library calls that the recording library saw.

@@ -13,6 +13,7 @@
 #include <cerrno>
 #include <stdexcept>
 #include <string_view>
+#include <thread>
 #include <utility>
 
 extern char** environ;
@@ -124,6 +125,7 @@ bool Serve(const Command& command, Descriptor& input, Descriptor& output, Descri
         poll(polls.data(), polls.size(), static_cast<int>(left.count())) == 0) {
       return false;
     }
+    if (command.slow) std::this_thread::sleep_for(std::chrono::milliseconds(10));
     if (polls[0].revents) Feed(input, rest, command.inputChunk);
     if (polls[1].revents) Collect(output, finished.output);
     if (polls[2].revents) Collect(errors, finished.errors);
@@ -146,6 +148,10 @@ Finished Run(const Command& command) {
   Channel input = MakeChannel(0, command.inputChunk > 0);
   Channel output = MakeChannel(1, false);
   Channel errors = MakeChannel(1, false);
+  if (command.slow) {
+    fcntl(input.theirs.get(), F_SETFL, O_NONBLOCK);
+    fcntl(output.theirs.get(), F_SETFL, O_NONBLOCK);
+  }
   const pid_t child =
       Spawn(command, {input.theirs.get(), output.theirs.get(), errors.theirs.get()});
   input.theirs.close();

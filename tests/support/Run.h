@@ -17,6 +17,8 @@ struct Command {
   std::string input{};                 // standard input
   // Bytes a read of standard input gets at most; 0: as the pipe gives them.
   std::size_t inputChunk = 0;
+  // The child's input and output don't block, and are served with pauses.
+  bool slow = false;
   std::string folder{};  // working directory; empty: this process's own
   std::chrono::seconds limit{60};
 };
