@@ -393,15 +393,15 @@ std::size_t BehindSpace(std::string_view text, std::size_t at) {
   return at + (at < text.size() && IsPostScriptSpace(text[at]) ? 1 : 0);
 }
 
-// Whether the reader is part of a procedure that began in front of it.
-bool EndsInProcedure(std::string_view before) {
+// How many procedures that began in front of the reader it is part of.
+int OpenProcedures(std::string_view before) {
   int depth = 0;
   for (Token token = NextToken(before, 0); token.kind != Token::kEnd;
        token = NextToken(before, token.end)) {
     if (token.kind == Token::kOpenProcedure) ++depth;
     if (token.kind == Token::kCloseProcedure) depth = std::max(depth - 1, 0);
   }
-  return depth > 0;
+  return depth;
 }
 
 // The operands in front of a reader: from the last dictionary's or, outside of one, line's begin.
@@ -423,7 +423,10 @@ std::optional<FoundData> DataBehindReader(std::string_view before, std::string_v
        token = NextToken(operands, token.end)) {
     reader.add(token, token.in(operands));
   }
-  bool inside = EndsInProcedure(operands);
+  // What stands in a procedure of a procedure is read when somebody calls that one.
+  const int open = OpenProcedures(operands);
+  if (open > 1) return std::nullopt;
+  bool inside = open > 0;
   bool left = false;  // the procedure that holds the reader has ended
   int depth = 0;
   for (Token token = NextToken(text, 0); token.kind != Token::kEnd;
@@ -432,6 +435,7 @@ std::optional<FoundData> DataBehindReader(std::string_view before, std::string_v
     reader.add(token, word);
     if (token.kind == Token::kOpenProcedure) ++depth;
     if (token.kind == Token::kCloseProcedure && --depth < 0) {
+      if (left) return std::nullopt;
       inside = false;
       left = true;
       depth = 0;
