@@ -1,7 +1,9 @@
 // Jobs as real programs write them: the text of a sequence typed into a document comes out of each
 // of them in its own form, and the barcode still stands on the page.
 #include "tests/support/Decode.h"
+#include "tests/support/Ink.h"
 #include "tests/support/Jobs.h"
+#include "tests/support/Pictures.h"
 #include "tests/support/Program.h"
 #include "tests/support/TempFolder.h"
 
@@ -11,7 +13,8 @@ namespace {
 
 using namespace Support;
 
-const std::string kText = "$_vxrs --barcode=20 --data=Made123 -x30 -y100 -w70 -h25 $_vxre";
+const std::string kPlaced = "$_vxrs --barcode=20 --data=Made123 -x30 -y100 -w70 -h25 $_vxre";
+const std::string kSequence = "$_vxrs --barcode=20 --data=Made123 -w60 -h15 $_vxre";
 
 std::string Output(const Lines& arguments, const std::string& input = {}) {
   const Finished finished = Support::Run({.arguments = arguments,
@@ -21,70 +24,107 @@ std::string Output(const Lines& arguments, const std::string& input = {}) {
   return finished.output;
 }
 
-std::string HandWritten() {
+std::string HandWritten(const std::string& text) {
   return "%!PS-Adobe-3.0\n%%Pages: 1\n%%EndComments\n%%Page: 1 1\n/Courier findfont 9 scalefont "
          "setfont\n50 700 moveto (" +
-         kText + ") show\nshowpage\n%%EOF\n";
+         text + ") show\nshowpage\n%%EOF\n";
 }
 
 // The same text word by word, as programs write it that place each word themselves.
-std::string WordByWord() {
-  return "%!PS\n/Courier findfont 9 scalefont setfont /w { 3 0 rmoveto show } def 50 700 moveto\n"
-         "($_vxrs) show (--barcode=20) w (--data=Made123) w\n(-x30)w(-y100)w (-w70)w % (x)\n"
-         "(-h25)w ($_vxre) w showpage\n";
+std::string WordByWord(const std::string& text) {
+  std::string job =
+      "%!PS\n/Courier findfont 9 scalefont setfont /w { show 5.4 0 rmoveto } def 50 700 moveto\n";
+  for (const std::string& word : Split(text, " ")) job += "(" + word + ")w % (x)\n";
+  return job + "showpage\n";
 }
 
-std::string Pdf(const TempFolder& folder) {
+// A picture of noise above the text.
+std::string Netpbm(const Lines& options, const std::string& text) {
+  const std::string picture =
+      Output(Join({"pnmtops", "-noturn", "-quiet"}, options), "P5 64 64 255\n" + Noise(1, 64 * 64));
+  return "%!PS-Adobe-3.0\n%%Page: 1 1\nsave /showpage{}def /setpagedevice{pop}def 0 300 translate\n"
+         "%%BeginDocument: noise.eps\n" +
+         picture +
+         "\n%%EndDocument\nrestore\n/Courier findfont 9 scalefont setfont 50 150 moveto (" + text +
+         ") show showpage\n";
+}
+
+std::string Pdf(const TempFolder& folder, const std::string& text) {
   const std::string pdf = folder.file("job.pdf");
   Output({"gs", "-q", "-dSAFER", "-dBATCH", "-dNOPAUSE", "-sDEVICE=pdfwrite", "-sOutputFile=" + pdf,
           "-"},
-         HandWritten());
+         HandWritten(text));
   return pdf;
 }
 
-std::string Cairo(const char* family) {
+std::string Cairo(const char* family, const std::string& text) {
   const TempFolder folder;
   const std::string file = folder.file("job.ps");
-  Output({VEXTORIN_CAIRO_JOB, file, family, "595", "842", "50", "100", kText});
+  Output({VEXTORIN_CAIRO_JOB, file, family, "595", "842", "50", "100", text});
   return Support::ReadFile(file);
 }
 
-std::string FromPdf(const Lines& converter) {
+std::string FromPdf(const std::string& converter, const std::string& text) {
   const TempFolder folder;
-  return Output(Join(converter, {Pdf(folder), "-"}));
+  return Output(Join(Split(converter, " "), {Pdf(folder, text), "-"}));
 }
 
+std::string Groff(const std::string& requests, const std::string& text) {
+  return Output({"groff", "-Tps", "-P-pa4"}, "\\&\n.sp 9\n" + requests + text + "\n");
+}
+
+// A program that reads text, behind some empty lines.
+std::string FromText(const std::string& command, const std::string& text) {
+  return Output(Split(command, " "), "\n\n\n\n\n\n\n\n" + text + "\n");
+}
+
+// Two pages of enscript on one.
+std::string TwoUp(const std::string& text) {
+  return Output(Split("psnup -q -pa4 -2", " "),
+                FromText("enscript -q -p - -B -M A4 -f Courier8", text));
+}
+
+using Text = const std::string&;
 struct Producer {
   const char* name;
-  std::string (*job)();
+  std::string (*job)(Text text);
+  double scale = 1;
+  int angle = 0;
 };
-
-std::string Groff(const std::string& requests) {
-  return Output({"groff", "-Tps"}, requests + kText + "\n");
-}
-
-std::string Enscript(const Lines& options) {
-  return Output(Join({"enscript", "-q", "-p", "-"}, options), kText + "\n");
-}
 
 const Producer kProducers[] = {
     {"hand-written", HandWritten},
     {"word by word", WordByWord},
-    {"groff, Courier", [] { return Groff(".nf\n.ft CR\n"); }},
-    {"groff, Times", [] { return Groff(".nf\n"); }},
-    {"enscript", [] { return Enscript({"-B"}); }},
-    {"enscript with header", [] { return Enscript({}); }},
-    {"cairo, sans", [] { return Cairo("sans"); }},
-    {"cairo, monospace", [] { return Cairo("monospace"); }},
-    {"poppler", [] { return FromPdf({"pdftops"}); }},
-    {"poppler, level 1", [] { return FromPdf(Split("pdftops -level1", " ")); }},
-    {"poppler over cairo", [] { return FromPdf(Split("pdftocairo -ps", " ")); }},
+    {"groff, Courier", [](Text text) { return Groff(".nf\n.ft CR\n", text); }},
+    {"groff, Times", [](Text text) { return Groff(".nf\n", text); }},
+    {"groff, centred", [](Text text) { return Groff(".nf\n.ce\n", text); }},
+    {"enscript", [](Text text) { return FromText("enscript -q -p - -B -M A4", text); }},
+    {"enscript with header", [](Text text) { return FromText("enscript -q -p - -M A4", text); }},
+    {"enscript, fancy", [](Text text) { return FromText("enscript -q -p - -G -M A4", text); }},
+    {"a2ps", [](Text text) { return FromText("a2ps -q -o - -1 -M A4 -l 100", text); }},
+    {"psutils, two pages on one", TwoUp, 0.7071, 90},
+    {"cairo, sans", [](Text text) { return Cairo("sans", text); }},
+    {"cairo, monospace", [](Text text) { return Cairo("monospace", text); }},
+    {"poppler", [](Text text) { return FromPdf("pdftops", text); }},
+    {"poppler, level 1", [](Text text) { return FromPdf("pdftops -level1", text); }},
+    {"poppler, level 3", [](Text text) { return FromPdf("pdftops -level3", text); }},
+    {"poppler over cairo", [](Text text) { return FromPdf("pdftocairo -ps", text); }},
+    {"netpbm", [](Text text) { return Netpbm({}, text); }},
+    {"netpbm, RunLength",
+     [](Text text) {
+       return Netpbm({"-rle", "-psfilter"}, text);
+     }},
+    {"netpbm, Flate and ASCII85",
+     [](Text text) {
+       return Netpbm({"-flate", "-psfilter", "-ascii85"}, text);
+     }},
 };
 
 TEST(Producers, BarcodesAppearInTheirJobsAndTheRestStaysAsItIs) {
   for (const Producer& producer : kProducers) {
     SCOPED_TRACE(producer.name);
-    const std::string job = producer.job();
+    if (producer.scale != 1) continue;  // its place is one on the smaller page
+    const std::string job = producer.job(kPlaced);
     ASSERT_TRUE(job.starts_with("%!PS")) << job.substr(0, 40);
     const Program::Result result = Filter().run(job);
     EXPECT_EQ(result.errors, "");
@@ -94,10 +134,36 @@ TEST(Producers, BarcodesAppearInTheirJobsAndTheRestStaysAsItIs) {
     EXPECT_NEAR(symbol.y, 100 + 25 / 2.0, 25 / 2.0);
     // Some write the text in one piece.
     std::string blanked = job;
-    const std::size_t place = blanked.find(kText);
+    const std::size_t place = blanked.find(kPlaced);
     if (place == blanked.npos) continue;
-    blanked.replace(place, kText.size(), kText.size(), ' ');
+    blanked.replace(place, kPlaced.size(), kPlaced.size(), ' ');
     EXPECT_TRUE(WithoutBarcodes(result.output) == blanked);
+  }
+}
+
+// With one setting for all of them.
+TEST(Producers, BarcodesStandWhereTheirTextStood) {
+  for (const Producer& producer : kProducers) {
+    SCOPED_TRACE(producer.name);
+    const std::string job = producer.job("Total: " + kSequence + " EUR");
+    const Program::Result result = Filter("insert=auto").run(job);
+    EXPECT_EQ(result.errors, "");
+    const Rendering after = Render(result.output, 203), before = Render(job, 203);
+    EXPECT_EQ(after.messages, before.messages);
+    ASSERT_TRUE(after.pages.size() == 1 && before.pages.size() == 1) << after.messages;
+    const std::vector<Symbol> symbols = Decode(after.pages[0]);
+    ASSERT_EQ(symbols.size(), 1u);
+    EXPECT_EQ(symbols[0].data, "Made123");
+    EXPECT_EQ(symbols[0].orientation, producer.angle);
+    const Frame frame = {0, 0, producer.angle};
+    const auto added = InkBeside(after.pages[0], before.pages[0], frame);
+    const auto removed = InkBeside(before.pages[0], after.pages[0], frame);
+    ASSERT_TRUE(added && removed);
+    EXPECT_NEAR(added->right - added->left, 60 * producer.scale, 1) << *added;
+    EXPECT_NEAR(added->top - added->bottom, 15 * producer.scale, 1) << *added;
+    EXPECT_NEAR(removed->left, added->left, 1) << *removed << *added;
+    EXPECT_NEAR(removed->bottom, added->bottom - 1, 1) << *removed << *added;
+    EXPECT_LT(removed->top, added->bottom + 4) << *removed << *added;
   }
 }
 
