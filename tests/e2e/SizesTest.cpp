@@ -1,0 +1,89 @@
+// Jobs of a mebibyte that hold one thing over and over, each of which was slow once or is easily
+// made so: they end within the time that any child has, and come out right.
+#include "tests/support/Program.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace {
+
+using namespace Support;
+
+const std::string kSequence = "$_vxrs --data=1 $_vxre";
+
+std::string Mebibyte(const std::string& piece) {
+  constexpr std::size_t kMebibyte = 1024 * 1024 - 64;
+  std::string text;
+  while (text.size() + piece.size() <= kMebibyte) text += piece;
+  return text;
+}
+
+std::size_t CountOf(std::string_view text, std::string_view word) {
+  std::size_t count = 0;
+  for (std::size_t at = text.find(word); at != text.npos; at = text.find(word, at + word.size()))
+    ++count;
+  return count;
+}
+
+// Without a whole sequence: every begin token that could have begun one is told.
+TEST(Sizes, RepeatedPiecesPassUnchanged) {
+  const struct {
+    std::string front, piece;
+    bool told = false;
+  } rows[] = {
+      {"%!PS\n", "("},
+      {"%!PS\n", "<"},
+      {"%!PS\n", "<~"},
+      {"%!PS\n", "<41"},
+      {"%!PS\n", "%\n"},
+      {"%!PS\n", "<</a "},
+      {"%!PS\n(", "\\"},
+      {"%!PS\n(", "$_vxr"},
+      {"%!PS\n", "($) show\n"},
+      {"%!PS\n", "($_vxr)x"},
+      {"%!PS\n[", "($)-20"},
+      {"%!PS\n", "currentfile "},
+      {"%!PS\n", "{currentfile "},
+      {"%!PS\n", "($_vxrs) show\n", true},
+      {"%!PS\n", "(\x01$_vxrs ", true},
+      {"%!PS\n", "$_vxrs ", true},
+      {"\033E", "$_vxrs ", true},
+  };
+  for (const auto& row : rows) {
+    for (const std::string settings : {"insert=beforestring", "insert=beforeline", "insert=auto"}) {
+      SCOPED_TRACE(row.front + row.piece + ", " + settings);
+      const std::string pieces = Mebibyte(row.piece);
+      const Program::Result result = Recorded(Filter(settings)).run(row.front + pieces);
+      EXPECT_TRUE(result.output == row.front + pieces);
+      EXPECT_EQ(result.status, 0);
+      EXPECT_EQ(CountOf(result.errors, "has no end.\n"), row.told ? CountOf(pieces, "$_vxrs") : 0);
+    }
+  }
+}
+
+TEST(Sizes, EverySequenceOfManyIsDrawn) {
+  const struct {
+    std::string front, piece, back;
+    bool split = false;  // which insert=auto reads
+  } rows[] = {
+      {"%!PS\n(", kSequence, ") show\n"},
+      {"%!PS\n", "(" + kSequence + ") show\n", ""},
+      {"%!PS\n", "[($_v)1(xrs --data=1)2( $_vx)3(re)]TJ\n", "", true},
+      {"%!PS\n", kSequence, "\n"},
+      {"\033E", kSequence, "\n"},
+      {"%!PS\n(" + kSequence + ")", "1 ", "show\n"},
+  };
+  for (const auto& row : rows) {
+    for (const std::string settings : {"embed=off", "embed=off insert=auto"}) {
+      SCOPED_TRACE(row.front + row.piece + row.back + settings);
+      const std::string job = row.front + Mebibyte(row.piece) + row.back;
+      const Program::Result result = Recorded(Filter(settings)).run(job);
+      EXPECT_EQ(CountOf(result.output, kDrawing),
+                row.split && settings == "embed=off" ? 0 : CountOf(job, "re"));
+      EXPECT_EQ(result.errors, "");
+    }
+  }
+}
+
+}  // namespace
