@@ -1,4 +1,4 @@
-// Jobs of a mebibyte that hold one thing over and over, each of which was slow once or is easily
+// Large jobs that hold one thing over and over, each of which was slow once or is easily
 // made so: they end within the time that any child has, and come out right.
 #include "tests/support/Program.h"
 
@@ -12,10 +12,10 @@ using namespace Support;
 
 const std::string kSequence = "$_vxrs --data=1 $_vxre";
 
-std::string Mebibyte(const std::string& piece) {
-  constexpr std::size_t kMebibyte = 1024 * 1024 - 64;
+std::string Repeated(const std::string& piece, std::size_t kibibytes) {
   std::string text;
-  while (text.size() + piece.size() <= kMebibyte) text += piece;
+  const std::size_t most = kibibytes * 1024 - 64;
+  while (text.size() + piece.size() <= most) text += piece;
   return text;
 }
 
@@ -53,7 +53,7 @@ TEST(Sizes, RepeatedPiecesPassUnchanged) {
   for (const auto& row : rows) {
     for (const std::string settings : {"insert=beforestring", "insert=beforeline", "insert=auto"}) {
       SCOPED_TRACE(row.front + row.piece + ", " + settings);
-      const std::string pieces = Mebibyte(row.piece);
+      const std::string pieces = Repeated(row.piece, 1024);
       const Program::Result result = Recorded(Filter(settings)).run(row.front + pieces);
       EXPECT_TRUE(result.output == row.front + pieces);
       EXPECT_EQ(result.status, 0);
@@ -77,7 +77,7 @@ TEST(Sizes, EverySequenceOfManyIsDrawn) {
   for (const auto& row : rows) {
     for (const std::string settings : {"embed=off", "embed=off insert=auto"}) {
       SCOPED_TRACE(row.front + row.piece + row.back + settings);
-      const std::string job = row.front + Mebibyte(row.piece) + row.back;
+      const std::string job = row.front + Repeated(row.piece, 256) + row.back;
       const Program::Result result = Recorded(Filter(settings)).run(job);
       EXPECT_EQ(CountOf(result.output, kDrawing),
                 row.split && settings == "embed=off" ? 0 : CountOf(job, "re"));
