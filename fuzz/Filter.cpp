@@ -131,6 +131,8 @@ std::string Filtered(const Case& filtered, Arrival arrival) {
 
 void FuzzFilter(std::string_view bytes) {
   const Case filtered = Described(bytes);
+  // The fuzzer learns from comparisons what is inserted.
+  if (filtered.job.find(" OF TEXT PLACEMENT") != std::string::npos) return;
   if (WithoutInserted(filtered.job) != filtered.job) return;
   const std::string output = Filtered(filtered, {});
   Require(Filtered(filtered, filtered.arrival) == output, "the output depends on the arrival");

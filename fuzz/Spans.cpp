@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 namespace Fuzz {
 namespace {
@@ -114,20 +115,38 @@ void AddOrvella(std::string_view job, Spans& spans) {
   if (begin != kNone) spans.push_back({begin, job.size()});
 }
 
-Span Joined(const Spans& spans) {
-  Span joined = spans.front();
-  for (const Span& span : spans) {
-    joined = {std::min(joined.begin, span.begin), std::max(joined.end, span.end)};
-  }
-  return joined;
-}
-
 Span Around(std::string_view job, const Span& begin, const Span& end) {
   std::size_t openers = 0;
   const std::size_t from = OpenerInFront(job, begin.begin, openers);
   openers = 0;
   OpenerInFront(job, end.begin, openers);
   return {from, CloserBehind(job, end.end, openers)};
+}
+
+// A span for each sequence of a plain job; none when one goes over several strings.
+Spans SpansOfEach(std::string_view job, const Spans& begins, const Spans& ends) {
+  Spans spans;
+  for (std::size_t behind = 0; const Span& begin : begins) {
+    const auto end =
+        std::ranges::find_if(ends, [&](const Span& place) { return place.begin >= begin.end; });
+    if (begin.begin < behind || end == ends.end()) continue;
+    if (job.substr(begin.end, end->begin - begin.end).find_first_of("()\n") != kNone) return {};
+    spans.push_back(Around(job, begin, *end));
+    behind = end->end;
+  }
+  return spans;
+}
+
+Spans Merged(Spans spans) {
+  std::ranges::sort(spans, {}, &Span::begin);
+  Spans merged;
+  for (const Span& span : spans) {
+    if (!merged.empty() && span.begin <= merged.back().end)
+      merged.back().end = std::max(merged.back().end, span.end);
+    else
+      merged.push_back(span);
+  }
+  return merged;
 }
 
 }  // namespace
@@ -137,32 +156,16 @@ Spans SpansOfSequences(std::string_view job, const Settings::AppSettings& settin
   const Spans begins = Places(job, settings.escapeBegin, partly);
   const Spans ends = Places(job, settings.escapeEnd, false);
   Spans spans;
-  if (settings.orvella) AddOrvella(job, spans);
-  if (partly && !begins.empty()) {
+  // An encoded string may hold both tokens; the end of a sequence may be split, too.
+  if (!begins.empty() && partly) {
     std::size_t openers = 0;
     spans.push_back({OpenerInFront(job, begins.front().begin, openers), job.size()});
-  } else if (!begins.empty() && !ends.empty() && IsPlain(job)) {
-    for (std::size_t behind = 0; const Span& begin : begins) {
-      // An encoded string may hold both.
-      const auto end =
-          std::ranges::find_if(ends, [&](const Span& place) { return place.end >= begin.end; });
-      if (begin.begin < behind || end == ends.end()) continue;
-      spans.push_back(Around(job, begin, *end));
-      behind = end->end;
-    }
   } else if (!begins.empty() && !ends.empty() && begins.front().end <= ends.back().end) {
-    spans.push_back(Around(job, begins.front(), ends.back()));
+    if (IsPlain(job)) spans = SpansOfEach(job, begins, ends);
+    if (spans.empty()) spans.push_back(Around(job, begins.front(), ends.back()));
   }
-  if (spans.empty()) return spans;
-  std::ranges::sort(spans, {}, &Span::begin);
-  Spans merged = {spans.front()};
-  for (const Span& span : spans) {
-    if (span.begin <= merged.back().end)
-      merged.back() = Joined({merged.back(), span});
-    else
-      merged.push_back(span);
-  }
-  return merged;
+  if (settings.orvella) AddOrvella(job, spans);
+  return Merged(std::move(spans));
 }
 
 bool DiffersOnlyIn(const Spans& spans, std::string_view job, std::string_view other) {

@@ -61,7 +61,9 @@ void FuzzStrings(std::string_view bytes) {
   ScanInPieces(text, lineEnd);
   const std::size_t size = Scanned(text, lineEnd);
   if (size < StringScanner::kNoString) return TakeApart(text.substr(0, size), begin, length);
-  if (size == kNone && text.starts_with('(')) TakeApart(text, begin, length);
+  // What is cut off must not look closed without its end.
+  const bool closed = text.find(')') != kNone;
+  if (size == kNone && text.starts_with('(') && !closed) TakeApart(text, begin, length);
 }
 
 }  // namespace Fuzz
