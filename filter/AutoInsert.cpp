@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <iterator>
 #include <utility>
 
 namespace Filter {
@@ -82,7 +83,10 @@ ResultCode AutoInsert::handlePostScriptString(std::size_t size, const Producer& 
   text.clear();
   units.clear();
   std::size_t string = 0;  // its begin
-  if (const std::size_t back = arrayInFront(); back > 0 && job.stream.retract(back)) string = back;
+  if (job.stream.position() >= noArrayBefore) {
+    if (const std::size_t back = arrayInFront(); back > 0 && job.stream.retract(back))
+      string = back;
+  }
   if (!readUnit(0)) {
     job.stream.forward(string);
     string = 0;
@@ -115,21 +119,27 @@ Token AutoInsert::nextToken(std::size_t at) {
 }
 
 // How far in front of the window the array begins that its first string stands in; 0 for none.
-std::size_t AutoInsert::arrayInFront() const {
+std::size_t AutoInsert::arrayInFront() {
   std::string_view front = job.stream.history();
   const std::size_t size = front.size();
   front.remove_prefix(size - std::min(size, Stream::kLookBack));
   const std::size_t at = front.size();
-  while (true) {
-    const std::size_t last = front.find_last_not_of(" \t\r\n\f+-.0123456789");
-    if (last == kNone) return 0;
-    if (front[last] == '[') return at - last;
-    front = front.substr(0, last + 1);
+  const std::uint64_t place = job.stream.position();
+  const std::uint64_t last = std::exchange(noArrayInFrontOf, place);
+  while (place - (at - front.size()) > last) {
+    const std::size_t end = front.find_last_not_of(" \t\r\n\f+-.0123456789");
+    if (end == kNone) return 0;
+    if (front[end] == '[') {
+      noArrayInFrontOf = last;
+      return at - end;
+    }
+    front = front.substr(0, end + 1);
     if (!front.ends_with(')') && !front.ends_with('>')) return 0;
     const std::size_t begin = StringBegin(front);
     if (begin == kNone) return 0;
     front = front.substr(0, begin);
   }
+  return 0;
 }
 
 // Reads the operation whose operand begins at this offset.
@@ -140,7 +150,7 @@ bool AutoInsert::readUnit(std::size_t at) {
   if (token.kind == Token::kOpenArray) {
     if (!readArray(token.end, unit)) return false;
   } else if (token.kind == Token::kString) {
-    unit.parts.push_back({token.begin, token.end, DecodeString(token.in(window())), 0, {}});
+    unit.parts.push_back({token.begin, token.end, DecodeString(token.in(window())), 0, 0, {}});
     unit.operandEnd = token.end;
   } else {
     return false;
@@ -155,11 +165,16 @@ bool AutoInsert::readUnit(std::size_t at) {
 bool AutoInsert::readArray(std::size_t at, Unit& unit) {
   for (Token token = nextToken(at);; token = nextToken(token.end)) {
     if (token.kind == Token::kString) {
-      unit.parts.push_back({token.begin, token.end, DecodeString(token.in(window())), 0, {}});
+      unit.parts.push_back({token.begin, token.end, DecodeString(token.in(window())), 0, 0, {}});
     } else if (token.kind == Token::kCloseArray) {
       unit.operandEnd = token.end;
       return !unit.parts.empty();
     } else if (token.kind != Token::kNumber) {
+      noArrayBefore = job.stream.position() + token.begin;
+      return false;
+    }
+    if (token.end - unit.begin > kLongestSequence) {
+      noArrayBefore = job.stream.position() + token.end;
       return false;
     }
   }
@@ -212,7 +227,10 @@ void AutoInsert::addText(Unit& unit) {
   const std::string_view all = window();
   const Part* before = units.empty() ? nullptr : &units.back().parts.back();
   const std::string_view behind = all.substr(unit.operandEnd, unit.end - unit.operandEnd);
+  std::size_t offset = 0;
   for (Part& part : unit.parts) {
+    part.offset = offset;
+    offset += part.bytes.size();
     if (before) {
       const std::string_view between = all.substr(before->end, part.begin - before->end);
       const std::string_view front = job.stream.before(before->begin, Stream::kLookBack);
@@ -287,14 +305,20 @@ ResultCode AutoInsert::takeSequence(std::size_t begin, std::size_t end) {
 }
 
 void AutoInsert::take(std::size_t begin, std::size_t end, const std::string& output) {
+  const auto endsBefore = [&](const Part& part) {
+    return part.textBegin + part.bytes.size() <= begin;
+  };
   bool first = true;
-  for (Unit& unit : units) {
-    for (Part& part : unit.parts) {
-      const std::size_t partEnd = part.textBegin + part.bytes.size();
-      if (partEnd <= begin || part.textBegin >= end || part.bytes.empty()) continue;
-      part.taken.push_back({std::max(begin, part.textBegin) - part.textBegin,
-                            std::min(end, partEnd) - part.textBegin, first,
-                            first ? output : std::string()});
+  for (auto unit = std::ranges::partition_point(
+           units, [&](const Unit& each) { return endsBefore(each.parts.back()); });
+       unit != units.end() && unit->parts.front().textBegin < end; ++unit) {
+    for (auto part = std::ranges::partition_point(unit->parts, endsBefore);
+         part != unit->parts.end() && part->textBegin < end; ++part) {
+      if (part->bytes.empty()) continue;
+      const std::size_t partEnd = part->textBegin + part->bytes.size();
+      part->taken.push_back({std::max(begin, part->textBegin) - part->textBegin,
+                             std::min(end, partEnd) - part->textBegin, first,
+                             first ? output : std::string()});
       first = false;
     }
   }
@@ -302,13 +326,13 @@ void AutoInsert::take(std::size_t begin, std::size_t end, const std::string& out
 
 // The place in the job of the part that holds an offset of the text.
 std::uint64_t AutoInsert::placeOf(std::size_t textOffset) {
-  std::size_t begin = 0;
-  for (const Unit& unit : units) {
-    for (const Part& part : unit.parts) {
-      if (part.textBegin <= textOffset) begin = part.begin;
-    }
-  }
-  return job.stream.position() + begin;
+  const auto beginsUpTo = [&](const Part& part) { return part.textBegin <= textOffset; };
+  const auto unit = std::ranges::partition_point(
+      units, [&](const Unit& each) { return beginsUpTo(each.parts.front()); });
+  if (unit == units.begin()) return job.stream.position();
+  const std::vector<Part>& parts = std::prev(unit)->parts;
+  const auto part = std::ranges::partition_point(parts, beginsUpTo);
+  return job.stream.position() + std::prev(part)->begin;
 }
 
 ResultCode AutoInsert::reportUnclosed(std::size_t begin) {
@@ -382,17 +406,16 @@ ShownText AutoInsert::describe(const Unit& unit) {
 std::string AutoInsert::operandCode(const Unit& unit, std::size_t begin, std::size_t end) {
   const bool array = window()[unit.begin] == '[';
   std::string code;
-  std::size_t partBegin = 0;
-  std::size_t at = unit.begin + 1;
-  for (const Part& part : unit.parts) {
-    const std::size_t partEnd = partBegin + part.bytes.size();
-    if (partBegin > begin && partBegin < end) code += window().substr(at, part.begin - at);
-    if (partEnd > begin && partBegin < end) {
-      const std::size_t from = std::max(begin, partBegin);
-      code += PartOfText(from, std::min(end, partEnd) - from);
+  for (auto part = std::ranges::partition_point(
+           unit.parts, [&](const Part& each) { return each.offset + each.bytes.size() <= begin; });
+       part != unit.parts.end() && (part->offset < end); ++part) {
+    if (part->offset > begin) {
+      const std::size_t behind = std::prev(part)->end;
+      code += window().substr(behind, part->begin - behind);
     }
-    at = part.end;
-    partBegin = partEnd;
+    if (part->bytes.empty()) continue;
+    const std::size_t from = std::max(begin, part->offset);
+    code += PartOfText(from, std::min(end, part->offset + part->bytes.size()) - from);
   }
   return array ? '[' + code + ']' : code;
 }

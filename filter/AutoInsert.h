@@ -46,6 +46,7 @@ class AutoInsert {
     std::size_t begin = 0, end = 0;  // the token, as offsets in the window
     std::string bytes;
     std::size_t textBegin = 0;  // in the text
+    std::size_t offset = 0;     // bytes of the unit's parts in front
     std::vector<Taken> taken;
   };
   struct Unit {
@@ -61,7 +62,7 @@ class AutoInsert {
   Token nextToken(std::size_t at);
 
   // Reading
-  std::size_t arrayInFront() const;
+  std::size_t arrayInFront();
   bool readUnit(std::size_t at);
   bool readArray(std::size_t at, Unit& unit);
   void readOperators(Unit& unit);
@@ -89,6 +90,12 @@ class AutoInsert {
   BarcodeMaker& maker;
   // A begin token in front of this place in the job has no end; it was looked for.
   std::uint64_t noEndBefore = 0;
+
+  // An array that a string in front of this place stands in is no text; it was looked at.
+  std::uint64_t noArrayBefore = 0;
+
+  // The last string in front of which no array was found; strings behind it look no farther back.
+  std::uint64_t noArrayInFrontOf = 0;
 
   // Of the sequence at hand.
   Producer producer;

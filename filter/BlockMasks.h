@@ -29,7 +29,7 @@ class StopSet {
   StopSet(char first, char second) : watched{first, second} {}
 
   static constexpr std::size_t kMostBytes = 10;
-  static constexpr std::size_t kMostPairs = 5;
+  static constexpr std::size_t kMostPairs = 6;  // of PCL, with all that it may have to look for
 
   // A byte that stops wherever it stands. REQUIRES: fewer than kMostBytes of them.
   void addByte(char byte);

@@ -30,19 +30,22 @@ bool AllText(std::string_view bytes) {
   return std::all_of(bytes.begin(), bytes.end(), IsText);
 }
 
-// The offset behind the last line end in front of `at`, or 0.
-std::size_t LineBegin(std::string_view window, std::size_t at) {
-  return window.find_last_of("\r\n", at == 0 ? 0 : at - 1) + 1;
+bool IsLineEnd(char c) {
+  return c == '\n' || c == '\r';
 }
 
 // Where a line that holds `token` begins, if all in front of the token is text. `midLine`: the
 // window begins within a line.
 std::size_t FindTextLineWith(std::string_view window, std::string_view token, bool midLine) {
-  for (std::size_t at = token.empty() ? kNone : window.find(token); at != kNone;
-       at = window.find(token, at + 1)) {
-    const std::size_t line = at == 0 ? 0 : LineBegin(window, at);
-    if (line == 0 && midLine) continue;
-    if (at - line <= kLongestTextLine && AllText(window.substr(line, at - line))) return line;
+  std::size_t at = token.empty() ? kNone : window.find(token);
+  while (at != kNone) {
+    const std::size_t line = at == 0 ? 0 : window.find_last_of("\r\n", at - 1) + 1;
+    const bool whole = line > 0 || !midLine;
+    if (whole && at - line <= kLongestTextLine && AllText(window.substr(line, at - line)))
+      return line;
+    // What stands in front of the line's first token stands in front of the others.
+    const std::size_t lineEnd = window.find_first_of("\r\n", at);
+    at = lineEnd == kNone ? kNone : window.find(token, lineEnd);
   }
   return kNone;
 }
@@ -134,7 +137,7 @@ std::size_t DataSection::take(std::string_view window, bool inputEnded, std::str
   }
   const std::size_t size = takeByKind(window, inputEnded || text != kNone);
   if ((text != kNone && size == window.size()) || (size == 0 && inputEnded)) done = true;
-  if (size > 0) midLine = window[size - 1] != '\n' && window[size - 1] != '\r';
+  if (size > 0) midLine = !IsLineEnd(window[size - 1]);
   return size;
 }
 
@@ -149,7 +152,7 @@ std::size_t DataSection::takeByKind(std::string_view window, bool inputEnded) {
     case End::kText:
       return takeToText(window, inputEnded);
     default:
-      return takeCounted(window);
+      return takeCounted(window, inputEnded);
   }
 }
 
@@ -158,13 +161,22 @@ std::size_t DataSection::finishAt(std::size_t size) {
   return size;
 }
 
-std::size_t DataSection::takeCounted(std::string_view window) {
+// How much of the window's end may still turn out as the closing line.
+std::size_t DataSection::closerAtEnd(std::string_view window, bool inputEnded) const {
+  const std::size_t line = window.find_last_of("\r\n") + 1;
+  if (inputEnded || (line == 0 && midLine) || !closer.starts_with(window.substr(line))) return 0;
+  return window.size() - line;
+}
+
+std::size_t DataSection::takeCounted(std::string_view window, bool inputEnded) {
   std::size_t size = static_cast<std::size_t>(std::min<std::uint64_t>(remaining, window.size()));
   if (!closer.empty()) {
-    const std::size_t found = window.substr(0, size).find(closer);
-    if (found != kNone && (found == 0 || window[found - 1] == '\n' || window[found - 1] == '\r')) {
-      return finishAt(found);
+    std::size_t found = window.find(closer);
+    while (found < size && !(found == 0 ? !midLine : IsLineEnd(window[found - 1]))) {
+      found = window.find(closer, found + 1);
     }
+    if (found < size) return finishAt(found);
+    size = std::min(size, window.size() - closerAtEnd(window, inputEnded));
   }
   remaining -= size;
   if (remaining == 0) done = true;
@@ -174,10 +186,12 @@ std::size_t DataSection::takeCounted(std::string_view window) {
 std::size_t DataSection::takeLines(std::string_view window, bool inputEnded) {
   std::size_t at = 0;
   while (remaining > 0) {
-    if (window.substr(at).starts_with(closer)) return finishAt(at);
+    const bool atBegin = at > 0 || !midLine;
+    if (atBegin && window.substr(at).starts_with(closer)) return finishAt(at);
     const std::size_t lineEnd = window.find_first_of("\r\n", at);
-    if (lineEnd == kNone) return inputEnded ? window.size() : at;
-    if (lineEnd + 1 == window.size() && !inputEnded) return at;
+    if (lineEnd == kNone) return window.size() - closerAtEnd(window, inputEnded);
+    // A line feed may follow.
+    if (window[lineEnd] == '\r' && lineEnd + 1 == window.size() && !inputEnded) return lineEnd;
     at = lineEnd + (window.substr(lineEnd).starts_with("\r\n") ? 2 : 1);
     --remaining;
   }
@@ -292,8 +306,9 @@ bool ShowsPicture(std::string_view word) {
 // What the words around currentfile amount to.
 class Reader {
  public:
-  // Takes in one token; literal names begin what belongs to them.
-  void add(const Token& token, std::string_view word);
+  // Takes in one token; literal names begin what belongs to them. False when there are more readers
+  // than any picture has: a job full of them must not be read once for each.
+  bool add(const Token& token, std::string_view word);
   // The data, when reading begins now. None for hexadecimal data.
   std::optional<DataSection> section() const;
 
@@ -311,10 +326,12 @@ class Reader {
   double subFileCount = 0;
   std::string subFileMark;
   bool inHexadecimal = false;
+  int readers = 0;
   double width = 0, height = 0, bits = 0, components = 0;
 };
 
-void Reader::add(const Token& token, std::string_view word) {
+bool Reader::add(const Token& token, std::string_view word) {
+  constexpr int kMostReaders = 8;
   switch (token.kind) {
     case Token::kNumber:
       numbers.push_back(NumberIn(word));
@@ -336,6 +353,7 @@ void Reader::add(const Token& token, std::string_view word) {
     default:
       break;
   }
+  return readers <= kMostReaders;
 }
 
 // An entry of a picture's dictionary, or the operands in front of a picture's procedure: width,
@@ -362,6 +380,7 @@ void Reader::addName(std::string_view word) {
     subFileCount = numbers.empty() ? 0 : numbers.back();
   }
   if (word == "readhexstring") inHexadecimal = true;
+  if (word == kReaderWord) ++readers;
   if (word == "colorimage" && !numbers.empty()) components = numbers.back();
   if (!IsOneOf(word, {"true", "false"})) {
     numbers.clear();
@@ -421,7 +440,7 @@ std::optional<FoundData> DataBehindReader(std::string_view before, std::string_v
   const std::string_view operands = Operands(before);
   for (Token token = NextToken(operands, 0); token.kind != Token::kEnd;
        token = NextToken(operands, token.end)) {
-    reader.add(token, token.in(operands));
+    if (!reader.add(token, token.in(operands))) return std::nullopt;
   }
   // What stands in a procedure of a procedure is read when somebody calls that one.
   const int open = OpenProcedures(operands);
@@ -432,7 +451,7 @@ std::optional<FoundData> DataBehindReader(std::string_view before, std::string_v
   for (Token token = NextToken(text, 0); token.kind != Token::kEnd;
        token = NextToken(text, token.end)) {
     const std::string_view word = token.in(text);
-    reader.add(token, word);
+    if (!reader.add(token, word)) return std::nullopt;
     if (token.kind == Token::kOpenProcedure) ++depth;
     if (token.kind == Token::kCloseProcedure && --depth < 0) {
       if (left) return std::nullopt;

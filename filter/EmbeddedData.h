@@ -51,7 +51,8 @@ class DataSection {
 
  private:
   std::size_t takeByKind(std::string_view window, bool inputEnded);
-  std::size_t takeCounted(std::string_view window);
+  std::size_t closerAtEnd(std::string_view window, bool inputEnded) const;
+  std::size_t takeCounted(std::string_view window, bool inputEnded);
   std::size_t takeLines(std::string_view window, bool inputEnded);
   std::size_t takeToMarker(std::string_view window, bool inputEnded);
   std::size_t takeRuns(std::string_view window);

@@ -2,6 +2,7 @@
 
 #include "filter/PostScriptTokens.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace Filter {
@@ -32,12 +33,29 @@ Words WordsOf(std::string_view text) {
   return words;
 }
 
-// The number in front of the last `word` in a text that satisfies `fits`; 0 without one.
+// std::string_view::rfind compares the whole word at every place, which a look back for every
+// string of a long text can't afford.
+std::size_t FindLast(std::string_view text, std::string_view word) {
+  while (true) {
+    const std::size_t last = text.rfind(word.back());
+    if (last == std::string_view::npos) return last;
+    if (text.substr(0, last + 1).ends_with(word)) return last + 1 - word.size();
+    text = text.substr(0, last);
+  }
+}
+
+// The number in front of the last `word` in a text that has one; 0 without one.
 double SizeInFront(std::string_view text, std::string_view word) {
-  for (std::size_t at = text.rfind(word); at != std::string_view::npos && at > 0;
-       at = text.rfind(word, at - 1)) {
-    const std::size_t lineBegin = text.find_last_of("\r\n", at) + 1;
-    const Words words = WordsOf(std::string(text.substr(lineBegin, at - lineBegin)) + ' ');
+  // More never stands in front of the word in what programs write.
+  constexpr std::size_t kOperands = 128;
+  constexpr int kMostTried = 8;
+  for (int tried = 0; tried < kMostTried; ++tried) {
+    const std::size_t at = FindLast(text, word);
+    if (at == std::string_view::npos) return 0;
+    text = text.substr(0, at);
+    std::string_view line = text.substr(at - std::min(at, kOperands));
+    line = line.substr(line.find_last_of("\r\n") + 1);
+    const Words words = WordsOf(std::string(line) + ' ');
     if (!words.numbers.empty()) return words.numbers.back();
   }
   return 0;

@@ -280,8 +280,20 @@ bool PostScriptScanner::visitAngle(std::size_t at) {
 bool PostScriptScanner::visitHiddenString(std::size_t at) {
   const std::size_t size = sizeOfString(at);
   if (size == kNone || !holdsBegin(at, size)) return false;
-  const std::string_view inside = stream.peek(0).substr(stringBegin, at - stringBegin);
-  return inside.find_first_of("\r\n") != kNone && stopAtString(at, size, Found::kString);
+  return lineEndsInString(at) && stopAtString(at, size, Found::kString);
+}
+
+// Whether a line ends between the literal string's begin and this place. A string full of encoded
+// ones must not be searched once for each.
+bool PostScriptScanner::lineEndsInString(std::size_t at) {
+  const std::uint64_t front = stream.position();
+  const bool same = oneLineFrom <= front + stringBegin && front + stringBegin <= oneLineTo;
+  const std::uint64_t from = same ? std::min(oneLineTo, front + at) : front + stringBegin;
+  const auto begin = static_cast<std::size_t>(from - front);
+  if (stream.peek(0).substr(begin, at - begin).find_first_of("\r\n") != kNone) return true;
+  if (!same) oneLineFrom = front + stringBegin;
+  oneLineTo = std::max(front + at, same ? oneLineTo : 0);
+  return false;
 }
 
 // Whether the escape at this place can stand for the begin token's first byte.
@@ -293,8 +305,8 @@ bool PostScriptScanner::escapesBegin(std::size_t at) {
 // Whether a begin token stands at this place of a literal string, and if so the string.
 bool PostScriptScanner::candidateAt(std::size_t at) {
   constexpr std::size_t kLongestEscape = 5;
-  const std::string_view window = stream.peek(at + kLongestEscape * (marks.begin.size() + 1));
-  const BeginMatch match = MatchBegin(window.substr(at), marks.begin);
+  const std::size_t longest = kLongestEscape * (marks.begin.size() + 1);
+  const BeginMatch match = MatchBegin(stream.peek(at + longest).substr(at, longest), marks.begin);
   if (match == BeginMatch::kNone) return false;
   if (match == BeginMatch::kPart && !marks.splitBegins) return false;
   return findStringAround(at, match == BeginMatch::kWhole);

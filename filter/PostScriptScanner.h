@@ -94,6 +94,7 @@ class PostScriptScanner {
   bool visitReader(std::size_t at);
   bool visitAngle(std::size_t at);
   bool visitHiddenString(std::size_t at);
+  bool lineEndsInString(std::size_t at);
 
   void readComment(std::string_view comment);
   bool beginData(std::size_t at, const std::optional<FoundData>& sectionFound);
@@ -128,6 +129,9 @@ class PostScriptScanner {
   std::size_t stringBegin = kNone;
   unsigned depth = 0;  // of parentheses in the string
   DataSection data = DataSection::Counted(0);
+
+  // Places in the job between which no line ends.
+  std::uint64_t oneLineFrom = 0, oneLineTo = 0;
 
   Found found = Found::kEnd;
   std::size_t foundSize = 0;

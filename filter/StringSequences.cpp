@@ -109,7 +109,8 @@ std::size_t StringSequences::stringSize(std::size_t offset) {
     if (size == StringScanner::kNoString) return 0;
     if (size != kNone) return size <= kLongestString ? size : 0;
     if (string.size() > kLongestString) return 0;
-    if (!job.stream.extend()) return string.starts_with('(') ? string.size() : 0;
+    const std::size_t rest = string.starts_with('(') ? string.size() : 0;
+    if (!job.stream.extend()) return rest;
   }
 }
 
