@@ -22,6 +22,10 @@ constexpr std::size_t kBlocksAtATime = 64;
 constexpr std::size_t kCommentText = 512;
 // A dictionary in front of a counted stream.
 constexpr std::size_t kDictionaryText = 1024;
+// Bytes that may be looked at to find the strings of begin tokens: a job of nothing but openers and
+// begin tokens must not take time that grows with the square of its size. Real jobs stay far below.
+constexpr std::uint64_t kSearchedFreely = 8 * 1024 * 1024;
+constexpr std::uint64_t kSearchedEach = 4;  // for each byte of the job
 // Openers that are tried for the string of one begin token.
 constexpr int kMostOpeners = 16;
 
@@ -315,15 +319,18 @@ bool PostScriptScanner::candidateAt(std::size_t at) {
 bool PostScriptScanner::findStringAround(std::size_t at, bool whole) {
   std::size_t opener = stringBegin;
   bool foreign = false;
+  if (searched > kSearchedFreely + kSearchedEach * stream.position()) return false;
   for (int tried = 0; tried < kMostOpeners && opener < at; ++tried) {
     const std::string_view inside = stream.peek(0).substr(opener, at - opener);
     std::size_t from = BehindForeignBytes(inside);
+    searched += inside.size();
     if (from > 0) {
       foreign = true;
     } else {
       const std::size_t size = sizeOfString(opener);
       if (size != kNone && opener + size > at) return stopAtString(opener, size, Found::kString);
       from = size == kNone ? 1 : size;
+      searched += size == kNone ? stream.peek(0).size() - opener : size;
     }
     opener = stream.peek(0).find('(', opener + from);
   }

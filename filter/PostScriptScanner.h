@@ -127,7 +127,8 @@ class PostScriptScanner {
   std::size_t position = 0;  // scanned up to here
   std::size_t skipTo = 0;    // bytes before it are settled whatever their masks say
   std::size_t stringBegin = kNone;
-  unsigned depth = 0;  // of parentheses in the string
+  unsigned depth = 0;          // of parentheses in the string
+  std::uint64_t searched = 0;  // bytes that were looked at to find strings of begin tokens
   DataSection data = DataSection::Counted(0);
 
   // Places in the job between which no line ends.
