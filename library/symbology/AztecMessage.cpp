@@ -132,6 +132,7 @@ class CheapestStart {
     int key;
   };
 
+  void reserve(std::size_t places) { starts.reserve(places); }
   void add(std::size_t place, int key) {
     while (starts.size() > head && starts.back().key >= key) starts.pop_back();
     starts.push_back({place, key});
@@ -155,6 +156,7 @@ class ShortestPath {
         steps((end + 1) * kModes),
         choice(choiceOfEquals) {
     at(0, kUpper).cost = 0;
+    for (CheapestStart& starts : shortStarts) starts.reserve(std::min<std::size_t>(end, 64));
   }
 
   // The steps of the message from its begin on, and the mode at its end.
@@ -314,6 +316,7 @@ std::uint32_t Filling(std::size_t mode, int count) {
 
 AztecMessage::AztecMessage(const AztecContent& content, unsigned choice) {
   const std::vector<Step> way = ShortestPath(content, choice).run(last);
+  bits.reserve(content.characters.size() * 8);
   std::size_t place = 0;
   if (content.append) Append(bits, kAppendMark);
   for (const Step& step : way) {

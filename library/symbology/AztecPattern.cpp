@@ -10,17 +10,22 @@ namespace {
 
 using Words = std::vector<std::uint16_t>;
 
+// Bits of words, the highest of each first.
 class Bits {
  public:
-  Bits(const Words& source, int bitsPerWord) : words(source), wordBits(bitsPerWord) {}
-  bool operator[](int place) const {
-    const auto word = words[static_cast<std::size_t>(place / wordBits)];
-    return (word >> (wordBits - 1 - place % wordBits) & 1) != 0;
+  Bits(const Words& source, int bitsPerWord)
+      : word(source.begin()), wordBits(bitsPerWord), left(bitsPerWord) {}
+  bool next() {
+    if (left == 0) {
+      ++word;
+      left = wordBits;
+    }
+    return (*word >> --left & 1) != 0;
   }
 
  private:
-  const Words& words;
-  int wordBits;
+  Words::const_iterator word;
+  int wordBits, left;
 };
 
 // Modules by their distance from the centre.
@@ -37,12 +42,9 @@ class Matrix {
 
   // Draws what stands above the centre on the side that `quarters` clockwise turns bring it to.
   void setTurned(int quarters, int x, int y, bool dark) {
-    for (; quarters > 0; --quarters) {
-      const int turned = -y;
-      y = x;
-      x = turned;
-    }
-    set(x, y, dark);
+    constexpr int kCosine[] = {1, 0, -1, 0}, kSine[] = {0, 1, 0, -1};
+    const int cosine = kCosine[quarters], sine = kSine[quarters];
+    set(x * cosine - y * sine, x * sine + y * cosine, dark);
   }
 
   void copy(Symbol& symbol) const {
@@ -90,13 +92,13 @@ void DrawFinder(Matrix& matrix, int reach) {
 
 // Clockwise round the finder from the left of the upper side.
 void DrawModeMessage(Matrix& matrix, bool compact, const Words& message) {
-  const Bits bits(message, 4);
+  Bits bits(message, 4);
   const int distance = compact ? 5 : 7;
   const int sideBits = compact ? 7 : 10;
   for (int side = 0; side < 4; ++side) {
     for (int i = 0; i < sideBits; ++i) {
       const int gap = !compact && i >= sideBits / 2 ? 1 : 0;  // the reference grid
-      matrix.setTurned(side, i - sideBits / 2 + gap, -distance, bits[side * sideBits + i]);
+      matrix.setTurned(side, i - sideBits / 2 + gap, -distance, bits.next());
     }
   }
 }
@@ -150,16 +152,15 @@ void DrawGrid(Matrix& matrix, int reach) {
 // modules: down, right, up and left again.
 void DrawLayers(Matrix& matrix, const AztecShape& shape, const Words& words) {
   const Axis axis(shape);
-  const Bits bits(words, shape.wordBits());
-  int bit = -(shape.bits() % shape.wordBits());  // light modules in front
+  Bits bits(words, shape.wordBits());
+  int lightInFront = shape.bits() % shape.wordBits();
   for (int layer = 0; layer < shape.layers; ++layer) {
     const int outer = 2 * layer;
     const int length = axis.count() - 2 * outer - 2;
     for (const int quarters : {3, 2, 1, 0}) {
       for (int along = length - 1; along >= 0; --along) {
         for (const int depth : {0, 1}) {
-          const bool dark = bit >= 0 && bits[bit];
-          ++bit;
+          const bool dark = lightInFront-- <= 0 && bits.next();
           matrix.setTurned(quarters, axis.distance(outer + 2 + along), axis.distance(outer + depth),
                            dark);
         }
