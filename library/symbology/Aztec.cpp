@@ -112,12 +112,12 @@ int MostDataWords(const AztecOptions& options, const AztecShape& shape) {
 }
 
 // No more words than `most` where one of the messages tried comes out so: bit stuffing adds a bit
-// to every 16th word of 6 bits or so, which costs a small symbol its size.
+// to every 16th word of 6 bits or so, which can cost a small symbol its size.
 AztecMessage::Words WordsOf(const AztecContent& content, const AztecMessage& message,
                             const AztecShape& shape, int most) {
   const auto room = static_cast<std::size_t>(most);
   AztecMessage::Words words = message.words(shape.wordBits());
-  if (shape.wordBits() > 6 || words.size() != room + 1) return words;
+  if (shape.wordBits() > 8 || words.size() != room + 1) return words;
   for (unsigned choice = 1; choice < AztecMessage::kChoices && words.size() > room; ++choice) {
     words = AztecMessage(content, choice).words(shape.wordBits());
   }
