@@ -1,15 +1,14 @@
-// Aztec Code (ISO/IEC 24778) by libzint, with what it lacks: any percentage of error correction,
-// and a compact symbol of four layers that can be read. Both need the number of data words, which
-// the mode message round the centre tells.
+// Aztec Code (ISO/IEC 24778): what the options ask for, and the smallest symbol that gives it.
 #include "library/Error.h"
-#include "library/prepare/CharacterSet.h"
+#include "library/prepare/Gs1.h"
+#include "library/symbology/AztecMessage.h"
+#include "library/symbology/AztecPattern.h"
 #include "library/symbology/Encoders.h"
 #include "library/symbology/Linear.h"
-#include "library/symbology/ZintSymbol.h"
 
-#include <cstring>
-#include <memory>
-#include <optional>
+#include <algorithm>
+#include <string>
+#include <utility>
 
 namespace Library {
 namespace {
@@ -17,211 +16,43 @@ namespace {
 enum Format { kDefault, kGs1, kIndustry };
 
 constexpr int kMaxSymbols = 26;
+constexpr std::size_t kMaxIdLength = 32;
 constexpr int kMinCheckWords = 3;
+constexpr int kRecommendedPercent = 23;  // and the three words besides
 
-// Sizes by number: 1 to 4 compact with as many layers, 5 to 36 full with 1 to 32.
-constexpr int kLastCompact = 4, kLastSize = 36;
-// The full symbol with the word size of the largest compact one and more room.
-constexpr int kAboveCompact = 8;
-constexpr int kMaxCompactWords = 64;  // that the mode message can tell
+bool IsDigit(char character) {
+  return character >= '0' && character <= '9';
+}
 
-struct Shape {
-  bool compact;
-  int layers;
+bool IsLetter(char character) {
+  return (character >= 'A' && character <= 'Z') || (character >= 'a' && character <= 'z');
+}
 
-  explicit Shape(int size)
-      : compact(size <= kLastCompact), layers(compact ? size : size - kLastCompact) {}
-  int bits() const { return ((compact ? 88 : 112) + 16 * layers) * layers; }
-  int wordBits() const { return layers <= 2 ? 6 : layers <= 8 ? 8 : layers <= 22 ? 10 : 12; }
-  int words() const { return bits() / wordBits(); }
-};
+// What tells an industry's format, in front of FNC1.
+bool IsSpecifier(const std::string& text) {
+  if (text.size() == 1) return IsLetter(text[0]);
+  return text.size() == 2 && IsDigit(text[0]) && IsDigit(text[1]);
+}
 
-using Encoded = std::unique_ptr<ZintSymbol>;
-
-class AztecEncoder {
- public:
-  AztecEncoder(const AztecOptions& set, const MatrixContent& encoded)
-      : options(set), content(encoded) {}
-
-  Encoded run() {
-    if (options.size != 0) return readable(explicitSize(options.size), options.size);
-    const int level = levelOf(options.errorCorrection);
-    if (level != 0) return automatic(level);
-    return searched();
-  }
-
- private:
-  // libzint's levels; 0: a percentage that it does not have.
-  static int levelOf(int percent) {
-    switch (percent) {
-      case 10:
-        return 1;
-      case 23:
-        return 2;
-      case 36:
-        return 3;
-      case 50:
-        return 4;
-      default:
-        return percent < 0 ? -1 : 0;
-    }
-  }
-
-  // Null: too long.
-  Encoded encode(int level, int size) const {
-    auto symbol = std::make_unique<ZintSymbol>(BARCODE_AZTEC);
-    SetInputMode(*symbol, content);
-    (*symbol)->option_1 = level;
-    (*symbol)->option_2 = size;
-    if (options.append) setAppend(*symbol);
-    return symbol->tryEncode(content.data) ? std::move(symbol) : nullptr;
-  }
-
-  void setAppend(ZintSymbol& symbol) const {
-    SetAppend(symbol, options.appendSum - 'A' + 1, options.appendIndex - 'A' + 1, kMaxSymbols);
-    const std::string& id = options.messageId;
-    if (id.size() > sizeof symbol->structapp.id || id.find(' ') != id.npos) {
-      throw Error(BC_E_INVALIDARG);
-    }
-    std::memcpy(symbol->structapp.id, id.data(), id.size());
-  }
-
-  // libzint picks a compact symbol whenever one is large enough.
-  static int sizeOf(const ZintSymbol& symbol) {
-    constexpr int kWidths[] = {15,  19,  23,  27,  19,  23,  27,  31,  37,  41,  45,  49,
-                               53,  57,  61,  67,  71,  75,  79,  83,  87,  91,  95,  101,
-                               105, 109, 113, 117, 121, 125, 131, 135, 139, 143, 147, 151};
-    static_assert(std::size(kWidths) == kLastSize);
-    int size = 1;
-    while (size < kLastSize && kWidths[size - 1] != symbol->width) ++size;
-    return size;
-  }
-
-  // From the mode message: the side above the centre from the left, then the right side downwards.
-  static int dataWords(const ZintSymbol& symbol, int size) {
-    const bool compact = Shape(size).compact;
-    const int centre = symbol->width / 2;
-    const int distance = compact ? 5 : 7;
-    const int reach = compact ? 3 : 5;
-    const int wanted = compact ? 8 : 16;
-    int bits = 0;
-    int count = 0;
-    for (const bool right : {false, true}) {
-      for (int along = -reach; along <= reach && count < wanted; ++along) {
-        if (!compact && along == 0) continue;  // the reference grid
-        const bool dark = right ? symbol.isDark(centre + along, centre + distance)
-                                : symbol.isDark(centre - distance, centre + along);
-        bits = bits << 1 | (dark ? 1 : 0);
-        ++count;
-      }
-    }
-    return (bits & (compact ? 0x3F : 0x7FF)) + 1;
-  }
-
-  Encoded automatic(int level) const {
-    Encoded symbol = encode(level, 0);
-    if (symbol == nullptr) throw Error(BC_E_DATATOOLONG);
-    const int size = sizeOf(*symbol);
-    if (size != kLastCompact) return symbol;
-    Encoded larger = encode(-1, kAboveCompact);
-    const bool unreadable =
-        larger != nullptr && dataWords(*larger, kAboveCompact) > kMaxCompactWords;
-    return unreadable ? std::move(larger) : std::move(symbol);
-  }
-
-  // The fewest bits that the data can take, by the automatic symbol with least error correction;
-  // none: more than it holds.
-  std::optional<int> leastBits() const {
-    const Encoded symbol = encode(1, 0);
-    if (symbol == nullptr) return std::nullopt;
-    const int size = sizeOf(*symbol);
-    // A word can lose one bit to stuffing.
-    return (dataWords(*symbol, size) - 1) * (Shape(size).wordBits() - 1);
-  }
-
-  // libzint writes past its arrays when long data are to go into a small symbol.
-  bool mayTry(int size, std::optional<int> least) const {
-    constexpr int kNearlyAll = 14000;
-    return Shape(size).bits() > least.value_or(kNearlyAll);
-  }
-
-  Encoded explicitSize(int size) const {
-    constexpr std::size_t kAlwaysSafe = 1000;
-    if (content.data.size() > kAlwaysSafe && !mayTry(size, leastBits())) {
-      throw Error(BC_E_DATATOOLONG);
-    }
-    Encoded symbol = encode(-1, size);
-    if (symbol == nullptr) throw Error(BC_E_DATATOOLONG);
-    return symbol;
-  }
-
-  Encoded readable(Encoded symbol, int size) const {
-    if (size != kLastCompact) return symbol;
-    const Encoded larger = encode(-1, kAboveCompact);
-    if (larger != nullptr && dataWords(*larger, kAboveCompact) > kMaxCompactWords) {
-      throw Error(BC_E_DATATOOLONG);
-    }
-    return symbol;
-  }
-
-  // How many words of so many bits the data take, in whatever size has them: read off the largest.
-  // None: they do not fit there.
-  std::optional<int> wordsOf(int wordBits, std::optional<int> least) const {
-    int size = kLastSize;
-    while (Shape(size).wordBits() != wordBits) --size;
-    if (!mayTry(size, least)) return std::nullopt;
-    if (least && !leavesEnough(Shape(size), *least / wordBits)) return std::nullopt;
-    const Encoded symbol = encode(-1, size);
-    if (symbol == nullptr) return std::nullopt;
-    return dataWords(*symbol, size);
-  }
-
-  bool leavesEnough(const Shape& shape, int words) const {
-    const int check = shape.words() - words;
-    return check >= kMinCheckWords && check * 100 >= options.errorCorrection * shape.words();
-  }
-
-  // The first size, from the smallest, whose words leave the percentage asked for.
-  Encoded searched() const {
-    const std::optional<int> least = leastBits();
-    int wordBits = 0;
-    std::optional<int> words;
-    for (int size = 1; size <= kLastSize; ++size) {
-      // A compact symbol of the same width holds more.
-      if (size > kLastCompact && size < kAboveCompact) continue;
-      const Shape shape(size);
-      if (shape.wordBits() != wordBits) words = wordsOf(wordBits = shape.wordBits(), least);
-      if (!words || !leavesEnough(shape, *words) || !mayTry(size, least)) continue;
-      if (size == kLastCompact && *words > kMaxCompactWords) continue;
-      if (Encoded symbol = encode(-1, size)) return symbol;
-    }
-    throw Error(BC_E_DATATOOLONG);
-  }
-
-  const AztecOptions& options;
-  const MatrixContent& content;
-};
-
-// libzint writes a wrong length for a byte run that is longer than its 11 bits can tell.
-void CheckLength(const std::string& data) {
-  constexpr std::size_t kLongestRun = 2078;
-  constexpr CharacterSet kOnlyAsBytes = CharacterSet::Of(std::string_view("\0", 1)) |
-                                        CharacterSet::Range(14, 26) | CharacterSet::Range(128, 255);
-  if (data.size() <= kLongestRun) return;
-  for (const char character : data) {
-    if (kOnlyAsBytes.contains(static_cast<unsigned char>(character))) throw Error(BC_E_DATATOOLONG);
-  }
+void CheckAppend(const AztecOptions& options) {
+  const int sum = options.appendSum - 'A' + 1;
+  const int index = options.appendIndex - 'A' + 1;
+  const bool good = sum >= 2 && sum <= kMaxSymbols && index >= 1 && index <= sum &&
+                    options.messageId.size() <= kMaxIdLength &&
+                    options.messageId.find(' ') == std::string::npos;
+  if (!good) throw Error(BC_E_INVALIDARG);
 }
 
 void CheckOptions(const AztecOptions& options) {
-  const bool gs1 = options.format == kGs1;
-  if (options.format == kIndustry) throw Error(BC_E_NOTSUPPORTED);
-  // libzint loses the FNC1 of an appended symbol; a rune has no room for either.
-  if (options.append && (gs1 || options.runes)) throw Error(BC_E_NOTSUPPORTED);
-  if (gs1 && options.runes) throw Error(BC_E_NOTSUPPORTED);
-  const bool good = options.format >= kDefault && options.format <= kGs1 && options.size >= 0 &&
-                    options.size <= kLastSize && options.errorCorrection <= 99;
+  // A rune has no room for either.
+  const bool marked = options.append || options.format != kDefault;
+  if (options.runes && marked) throw Error(BC_E_NOTSUPPORTED);
+  const bool good = options.format >= kDefault && options.format <= kIndustry &&
+                    options.size >= 0 && options.size <= AztecShape::kLastSize &&
+                    options.errorCorrection <= 99 &&
+                    (options.format != kIndustry || IsSpecifier(options.formatSpecifier));
   if (!good) throw Error(BC_E_INVALIDARG);
+  if (options.append) CheckAppend(options);
 }
 
 // Aztec runes: one number 0 to 255.
@@ -231,11 +62,84 @@ void EncodeRune(const EncoderInput& input, Symbol& symbol) {
   }
   std::string digits = Bytes(input.data);
   if (digits.size() > 3) throw Error(BC_E_DATATOOLONG);
-  if (std::stoi(digits) > 255) throw Error(BC_E_INVALIDDATA, input.data.front().source);
-  ZintSymbol encoded(BARCODE_AZRUNE);
-  encoded.encode(digits);
-  encoded.copyRows(symbol, 1);
+  const int number = std::stoi(digits);
+  if (number > 255) throw Error(BC_E_INVALIDDATA, input.data.front().source);
+  DrawAztecRune(static_cast<std::uint8_t>(number), symbol);
   SetTextLine(symbol, std::move(digits));
+}
+
+void Add(AztecContent& content, std::string_view text) {
+  for (const char character : text) {
+    content.characters.push_back(static_cast<unsigned char>(character));
+  }
+}
+
+void AddHeader(AztecContent& content, const AztecOptions& options) {
+  content.append = options.append;
+  if (options.append) {
+    if (!options.messageId.empty()) Add(content, ' ' + options.messageId + ' ');
+    Add(content, {&options.appendIndex, 1});
+    Add(content, {&options.appendSum, 1});
+  }
+  if (options.format == kIndustry) Add(content, options.formatSpecifier);
+  if (options.format != kDefault) content.characters.push_back(kFnc1);
+  content.header = content.characters.size();
+}
+
+AztecContent ContentOf(const AztecOptions& options, const Data& data) {
+  AztecContent content;
+  content.binary = options.binary;
+  content.characters.reserve(data.size() + kMaxIdLength + 8);
+  AddHeader(content, options);
+  for (const DataCharacter character : data) {
+    if (character.isByte() || character.value == kFnc1) {
+      content.characters.push_back(character.value);
+    }
+  }
+  return content;
+}
+
+// Check words that a symbol of so many words must have at least.
+int LeastCheckWords(const AztecOptions& options, int words) {
+  if (options.size != 0) return kMinCheckWords;  // a size that is set rules
+  const int percent = options.errorCorrection;
+  if (percent < 0) return words * kRecommendedPercent / 100 + kMinCheckWords;
+  return std::max((words * percent + 99) / 100, kMinCheckWords);
+}
+
+int MostDataWords(const AztecOptions& options, const AztecShape& shape) {
+  return std::min(shape.words() - LeastCheckWords(options, shape.words()), shape.maxDataWords());
+}
+
+// No more words than `most` where one of the messages tried comes out so: bit stuffing adds a bit
+// to every 16th word of 6 bits or so, which can cost a small symbol its size.
+AztecMessage::Words WordsOf(const AztecContent& content, const AztecMessage& message,
+                            const AztecShape& shape, int most) {
+  const auto room = static_cast<std::size_t>(most);
+  AztecMessage::Words words = message.words(shape.wordBits());
+  if (shape.wordBits() > 8 || words.size() != room + 1) return words;
+  for (unsigned choice = 1; choice < AztecMessage::kChoices && words.size() > room; ++choice) {
+    words = AztecMessage(content, choice).words(shape.wordBits());
+  }
+  return words;
+}
+
+// In the smallest size that leaves the check words asked for. A full symbol of less than four
+// layers holds less than the compact one of its width.
+void DrawSmallest(const AztecOptions& options, const AztecContent& content, Symbol& symbol) {
+  const AztecMessage message(content);
+  const int first = options.size != 0 ? options.size : 1;
+  const int last = options.size != 0 ? options.size : AztecShape::kLastSize;
+  for (int size = first; size <= last; ++size) {
+    constexpr int kFirstUseless = 5, kLastUseless = 7;
+    if (options.size == 0 && size >= kFirstUseless && size <= kLastUseless) continue;
+    const AztecShape shape(size);
+    const int most = MostDataWords(options, shape);
+    if (message.bitCount() > most * shape.wordBits()) continue;
+    AztecMessage::Words words = WordsOf(content, message, shape, most);
+    if (std::ssize(words) <= most) return DrawAztec(shape, std::move(words), symbol);
+  }
+  throw Error(BC_E_DATATOOLONG);
 }
 
 }  // namespace
@@ -244,10 +148,22 @@ void EncodeAztec(const EncoderInput& input, Symbol& symbol) {
   const AztecOptions& options = input.options.aztec;
   CheckOptions(options);
   if (options.runes) return EncodeRune(input, symbol);
-  MatrixContent content = ContentOf(input);
-  CheckLength(content.data);
-  AztecEncoder(options, content).run()->copyRows(symbol, 1);
-  SetTextLine(symbol, std::move(content.text));
+
+  std::string text;
+  AztecContent content;
+  if (TakesGs1(input.symbology, input.options)) {
+    ElementString elements = ParseElementString(input.data, input.options.autoCorrect > 0);
+    content = ContentOf(options, elements.data);
+    text = std::move(elements.text);
+  } else {
+    content = ContentOf(options, input.data);
+    text = PrintableText(input.data);
+  }
+  if (AztecMessage::leastBits(content.characters.size()) > kMaxAztecBits) {
+    throw Error(BC_E_DATATOOLONG);
+  }
+  DrawSmallest(options, content, symbol);
+  SetTextLine(symbol, std::move(text));
 }
 
 }  // namespace Library

@@ -1,6 +1,7 @@
 #include "library/symbology/Symbology.h"
 
 #include "library/Options.h"
+#include "library/symbology/AztecPattern.h"
 #include "library/symbology/Code128.h"
 #include "library/symbology/Encoders.h"
 
@@ -36,6 +37,8 @@ constexpr CheckRule kUpcACheck{CheckKind::kLast, 15, 1, {0, 1, 2, 15}};
 constexpr int kGs1Length = 48 * 2;
 // Two digits to a symbol character; the encoder counts those.
 constexpr int kCode128Length = 2 * kMaxCode128Characters;
+// Two characters to a code of five bits; the encoder counts those.
+constexpr int kAztecLength = kMaxAztecBits * 2 / 5;
 
 using G = Geometry;
 using E = ElementRule;
@@ -55,7 +58,7 @@ constexpr Symbology kSymbologies[] = {
     {55,    "PDF417",             EncodePdf417,          G::kStacked, E::kNoRatio,    kAllBytes,         1,  2710,           0,    false, false, nullptr,      kNoCheck,      false, 254, 3,  M::kNone},
     {58,    "QR Code",            EncodeQrCode,          G::kMatrix,  E::kNoRatio,    kAllBytes,         1,  7089,           0,    false, false, GsQrCode,     kNoCheck,      false, 330, 0,  M::kNone},
     {71,    "Data Matrix",        EncodeDataMatrix,      G::kMatrix,  E::kNoRatio,    kAllBytes,         1,  3116,           0,    false, false, GsDataMatrix, kNoCheck,      false, 254, 0,  M::kNone},
-    {92,    "Aztec Code",         EncodeAztec,           G::kMatrix,  E::kNoRatio,    kAllBytes,         1,  3832,           0,    false, false, GsAztec,      kNoCheck,      false, 330, 0,  M::kNone},
+    {92,    "Aztec Code",         EncodeAztec,           G::kMatrix,  E::kNoRatio,    kAllBytes,         1,  kAztecLength,   0,    false, false, GsAztec,      kNoCheck,      false, 330, 0,  M::kNone},
     // clang-format on
 };
 

@@ -7,7 +7,7 @@ namespace {
 
 [[gnu::used, gnu::section(".note.dlopen")]] alignas(4) constexpr auto kNote = NoteOf(
     R"([{"soname":[")" VEXTORIN_ZINT_SONAME R"("],"priority":"required",)"
-    R"("description":"PDF417, QR Code, Data Matrix and Aztec Code"}])");
+    R"("description":"PDF417, QR Code and Data Matrix"}])");
 
 ZintLibrary Load() {
   const LoadedLibrary library(VEXTORIN_ZINT_SONAME);

@@ -1,0 +1,14 @@
+// Reed-Solomon check words over the fields of Aztec symbols (ISO/IEC 24778): GF(16) of the mode
+// message, GF(64) to GF(4096) of the words.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+namespace Library {
+
+// REQUIRES: wordBits is 4, 6, 8, 10 or 12, and data and check words are fewer than 1 << wordBits.
+std::vector<std::uint16_t> AztecCheckWords(const std::vector<std::uint16_t>& data, int count,
+                                           int wordBits);
+
+}  // namespace Library

@@ -1,0 +1,196 @@
+#include "library/symbology/AztecPattern.h"
+
+#include "library/symbology/AztecCheckWords.h"
+
+#include <cstddef>
+#include <cstdlib>
+
+namespace Library {
+namespace {
+
+using Words = std::vector<std::uint16_t>;
+
+// Bits of words, the highest of each first.
+class Bits {
+ public:
+  Bits(const Words& source, int bitsPerWord)
+      : word(source.begin()), wordBits(bitsPerWord), left(bitsPerWord) {}
+  bool next() {
+    if (left == 0) {
+      ++word;
+      left = wordBits;
+    }
+    return (*word >> --left & 1) != 0;
+  }
+
+ private:
+  Words::const_iterator word;
+  int wordBits, left;
+};
+
+// Modules by their distance from the centre.
+class Matrix {
+ public:
+  explicit Matrix(int reach)
+      : centre(reach),
+        width(2 * reach + 1),
+        modules(static_cast<std::size_t>(width) * static_cast<std::size_t>(width)) {}
+
+  void set(int x, int y, bool dark = true) {
+    modules[static_cast<std::size_t>((y + centre) * width + x + centre)] = dark;
+  }
+
+  // Draws what stands above the centre on the side that `quarters` clockwise turns bring it to.
+  void setTurned(int quarters, int x, int y, bool dark) {
+    constexpr int kCosine[] = {1, 0, -1, 0}, kSine[] = {0, 1, 0, -1};
+    const int cosine = kCosine[quarters], sine = kSine[quarters];
+    set(x * cosine - y * sine, x * sine + y * cosine, dark);
+  }
+
+  void copy(Symbol& symbol) const {
+    symbol.width = width;
+    symbol.rows.reserve(static_cast<std::size_t>(width));
+    for (auto row = modules.begin(); row != modules.end(); row += width) {
+      symbol.rows.push_back({Runs(row, row + width), 1});
+    }
+  }
+
+ private:
+  using Module = std::vector<std::uint8_t>::const_iterator;
+
+  static std::vector<int> Runs(Module begin, Module end) {
+    std::vector<int> runs;
+    runs.reserve(static_cast<std::size_t>(end - begin) / 2 + 2);
+    bool dark = true;
+    Module start = begin;
+    for (Module module = begin; module != end; ++module) {
+      if ((*module != 0) == dark) continue;
+      runs.push_back(static_cast<int>(module - start));
+      start = module;
+      dark = !dark;
+    }
+    runs.push_back(static_cast<int>(end - start));
+    return runs;
+  }
+
+  int centre, width;
+  std::vector<std::uint8_t> modules;
+};
+
+// Rings and the corners that tell the orientation, as far as `reach` from the centre.
+void DrawFinder(Matrix& matrix, int reach) {
+  for (int ring = 0; ring < reach; ring += 2) {
+    for (int along = -ring; along <= ring; ++along) {
+      matrix.set(along, -ring), matrix.set(along, ring);
+      matrix.set(-ring, along), matrix.set(ring, along);
+    }
+  }
+  matrix.set(-reach, -reach), matrix.set(1 - reach, -reach), matrix.set(-reach, 1 - reach);
+  matrix.set(reach, -reach), matrix.set(reach, 1 - reach);
+  matrix.set(reach, reach - 1);
+}
+
+// Clockwise round the finder from the left of the upper side.
+void DrawModeMessage(Matrix& matrix, bool compact, const Words& message) {
+  Bits bits(message, 4);
+  const int distance = compact ? 5 : 7;
+  const int sideBits = compact ? 7 : 10;
+  for (int side = 0; side < 4; ++side) {
+    for (int i = 0; i < sideBits; ++i) {
+      const int gap = !compact && i >= sideBits / 2 ? 1 : 0;  // the reference grid
+      matrix.setTurned(side, i - sideBits / 2 + gap, -distance, bits.next());
+    }
+  }
+}
+
+void AddCheckWords(Words& words, std::size_t total, int wordBits) {
+  const Words check = AztecCheckWords(words, static_cast<int>(total - words.size()), wordBits);
+  words.insert(words.end(), check.begin(), check.end());
+}
+
+Words ModeMessage(const AztecShape& shape, int dataWords) {
+  const int value = (shape.layers - 1) << (shape.compact ? 6 : 11) | (dataWords - 1);
+  Words message;
+  for (int shift = shape.compact ? 4 : 12; shift >= 0; shift -= 4) {
+    message.push_back(static_cast<std::uint16_t>(value >> shift & 15));
+  }
+  AddCheckWords(message, shape.compact ? 7 : 10, 4);
+  return message;
+}
+
+// From the places that data can have on an axis, counted from the left, to the distance from the
+// centre: a full symbol has a line of the reference grid there and every 16 modules.
+class Axis {
+ public:
+  explicit Axis(const AztecShape& shape)
+      : compact(shape.compact), places((compact ? 11 : 14) + 4 * shape.layers) {}
+  int count() const { return places; }
+  int reach() const { return distance(places - 1); }
+  int distance(int place) const {
+    const int half = places / 2;
+    if (compact) return place - half;
+    const int offset = place < half ? half - 1 - place : place - half;
+    const int beyond = offset + offset / 15 + 1;
+    return place < half ? -beyond : beyond;
+  }
+
+ private:
+  bool compact;
+  int places;
+};
+
+void DrawGrid(Matrix& matrix, int reach) {
+  for (int line = 0; line <= reach; line += 16) {
+    for (int along = -(reach & ~1); along <= reach; along += 2) {
+      matrix.set(line, along), matrix.set(-line, along);
+      matrix.set(along, line), matrix.set(along, -line);
+    }
+  }
+}
+
+// Layers from the outermost inwards, each anticlockwise from the upper left corner in pairs of
+// modules: down, right, up and left again.
+void DrawLayers(Matrix& matrix, const AztecShape& shape, const Words& words) {
+  const Axis axis(shape);
+  Bits bits(words, shape.wordBits());
+  int lightInFront = shape.bits() % shape.wordBits();
+  for (int layer = 0; layer < shape.layers; ++layer) {
+    const int outer = 2 * layer;
+    const int length = axis.count() - 2 * outer - 2;
+    for (const int quarters : {3, 2, 1, 0}) {
+      for (int along = length - 1; along >= 0; --along) {
+        for (const int depth : {0, 1}) {
+          const bool dark = lightInFront-- <= 0 && bits.next();
+          matrix.setTurned(quarters, axis.distance(outer + 2 + along), axis.distance(outer + depth),
+                           dark);
+        }
+      }
+    }
+  }
+}
+
+}  // namespace
+
+void DrawAztec(const AztecShape& shape, std::vector<std::uint16_t> data, Symbol& symbol) {
+  const Words mode = ModeMessage(shape, static_cast<int>(data.size()));
+  AddCheckWords(data, static_cast<std::size_t>(shape.words()), shape.wordBits());
+  const int reach = Axis(shape).reach();
+  Matrix matrix(reach);
+  if (!shape.compact) DrawGrid(matrix, reach);
+  DrawLayers(matrix, shape, data);
+  DrawFinder(matrix, shape.compact ? 5 : 7);
+  DrawModeMessage(matrix, shape.compact, mode);
+  matrix.copy(symbol);
+}
+
+void DrawAztecRune(std::uint8_t number, Symbol& symbol) {
+  Words message{static_cast<std::uint16_t>(number >> 4), static_cast<std::uint16_t>(number & 15)};
+  AddCheckWords(message, 7, 4);
+  for (std::uint16_t& word : message) word ^= 0b1010;
+  Matrix matrix(5);
+  DrawFinder(matrix, 5);
+  DrawModeMessage(matrix, true, message);
+  matrix.copy(symbol);
+}
+
+}  // namespace Library
