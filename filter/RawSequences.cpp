@@ -18,7 +18,8 @@ void AppendInPlaceOf(std::string_view sequence, const Job& job, std::string& bla
   const char lineEnd = job.lineEnd;
   std::transform(sequence.begin(), sequence.end(),
                  blanks.begin() + static_cast<std::ptrdiff_t>(size), [lineEnd](char byte) {
-                   return (byte == '\t') | (byte == '\n') | (byte == lineEnd) ? byte : ' ';
+                   const bool stays = (byte == '\t') | (byte == '\n') | (byte == lineEnd);
+                   return stays ? byte : ' ';
                  });
 }
 
