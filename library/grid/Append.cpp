@@ -90,6 +90,7 @@ struct Append::Standard {
 
 const Append::Standard Append::kStandards[] = {
     {55, kMaxSymbols, PlacePdf417},
+    {56, kMaxSymbols, PlacePdf417},
     {58, 16, PlaceQrCode},
     {71, 16, PlaceDataMatrix},
     {92, 26, PlaceAztec},
