@@ -89,10 +89,8 @@ struct Append::Standard {
 };
 
 const Append::Standard Append::kStandards[] = {
-    {55, kMaxSymbols, PlacePdf417},
-    {58, 16, PlaceQrCode},
-    {71, 16, PlaceDataMatrix},
-    {92, 26, PlaceAztec},
+    {55, kMaxSymbols, PlacePdf417}, {56, kMaxSymbols, PlacePdf417}, {58, 16, PlaceQrCode},
+    {71, 16, PlaceDataMatrix},      {92, 26, PlaceAztec},
 };
 
 const Append::Standard* Append::findStandard(int type) {

@@ -21,6 +21,7 @@ void EncodeEan8(const EncoderInput& input, Symbol& symbol);
 void EncodeEan13(const EncoderInput& input, Symbol& symbol);
 void EncodeUpcA(const EncoderInput& input, Symbol& symbol);
 void EncodePdf417(const EncoderInput& input, Symbol& symbol);
+void EncodeTruncatedPdf417(const EncoderInput& input, Symbol& symbol);
 void EncodeQrCode(const EncoderInput& input, Symbol& symbol);
 void EncodeDataMatrix(const EncoderInput& input, Symbol& symbol);
 void EncodeAztec(const EncoderInput& input, Symbol& symbol);

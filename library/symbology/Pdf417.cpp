@@ -1,14 +1,16 @@
-// PDF417 (ISO/IEC 15438) by libzint.
+// PDF417 and truncated PDF417 (ISO/IEC 15438): the code words of a symbol, its shape and its rows.
+#include "library/symbology/Pdf417.h"
+
 #include "library/Error.h"
-#include "library/prepare/CharacterSet.h"
 #include "library/symbology/Encoders.h"
 #include "library/symbology/Linear.h"
-#include "library/symbology/ZintSymbol.h"
 
 #include <algorithm>
+#include <bit>
 #include <charconv>
 #include <cmath>
-#include <cstring>
+#include <cstdlib>
+#include <initializer_list>
 
 namespace Library {
 namespace {
@@ -17,25 +19,7 @@ constexpr double kSharedHeight = 0;  // the layout knows how high rows become
 constexpr int kMinRows = 3, kMaxRows = 90;
 constexpr int kMaxColumns = 30;
 constexpr int kMaxWords = 928;
-constexpr int kMaxSegments = 99999;
-
-// libzint writes past its arrays from 1,356 bytes of mixed text on. Longer data fit a symbol only
-// when they are all digits or all capitals and blanks, which it handles.
-constexpr std::size_t kMaxMixed = 1355, kMaxText = 1850, kMaxDigits = 2710;
-constexpr CharacterSet kPlainText = CharacterSet::Range('A', 'Z') | CharacterSet::Of(" ");
-
-bool AllIn(const std::string& data, const CharacterSet& characters) {
-  return std::all_of(data.begin(), data.end(), [&characters](char character) {
-    return characters.contains(static_cast<unsigned char>(character));
-  });
-}
-
-void CheckLength(const std::string& data) {
-  if (data.size() <= kMaxMixed) return;
-  if (data.size() <= kMaxText && AllIn(data, kPlainText)) return;
-  if (data.size() <= kMaxDigits && AllIn(data, kDigits)) return;
-  throw Error(BC_E_DATATOOLONG);
-}
+constexpr std::uint16_t kPadWord = 900;
 
 // "R:C", rows to columns; 0 when nothing is asked for.
 double RatioOf(const std::string& text) {
@@ -52,82 +36,172 @@ double RatioOf(const std::string& text) {
   return ratio;
 }
 
-// libzint writes index, count and a numeric file id, and marks the last segment by itself.
-void SetMacro(ZintSymbol& symbol, const Pdf417Options& options) {
-  if (options.timeStamp >= 0 || options.fileSize >= 0 || options.checkSum >= 0 ||
-      !options.fileName.empty() || !options.sender.empty() || !options.addressee.empty()) {
-    throw Error(BC_E_NOTSUPPORTED);
-  }
-  if (options.segIndex < 0 && options.segCount < 0 && options.segLast < 0 &&
-      options.fileId.empty()) {
-    return;
-  }
-  if (options.segIndex < 0 || options.segCount < 0) throw Error(BC_E_NOTSUPPORTED);
-  SetAppend(symbol, options.segCount, options.segIndex + 1, kMaxSegments);
-  const bool last = options.segIndex + 1 == options.segCount;
-  if (options.segLast >= 0 && (options.segLast != 0) != last) throw Error(BC_E_NOTSUPPORTED);
-
-  // Triplets 000 to 899, one code word each.
-  const std::string& id = options.fileId;
-  if (id.size() > 30 || id.size() % 3 != 0 || !AllIn(id, kDigits)) throw Error(BC_E_NOTSUPPORTED);
-  for (std::size_t i = 0; i < id.size(); i += 3) {
-    if (id[i] == '9') throw Error(BC_E_NOTSUPPORTED);
-  }
-  std::memcpy(symbol->structapp.id, id.data(), id.size());
-}
-
-struct Size {
+struct Shape {
   int rows, columns;  // 0: free
 };
 
-Size SizeSet(const Pdf417Options& options) {
-  const Size size{std::max(options.rows, 0), std::max(options.columns, 0)};
-  const bool good = (size.rows == 0 || (size.rows >= kMinRows && size.rows <= kMaxRows)) &&
-                    size.columns <= kMaxColumns && size.rows * size.columns <= kMaxWords;
+Shape ShapeSet(const Pdf417Options& options) {
+  const Shape shape{std::max(options.rows, 0), std::max(options.columns, 0)};
+  const bool good = (shape.rows == 0 || (shape.rows >= kMinRows && shape.rows <= kMaxRows)) &&
+                    shape.columns <= kMaxColumns && shape.rows * shape.columns <= kMaxWords;
   if (!good) throw Error(BC_E_INVALIDARG);
-  return size;
+  return shape;
 }
 
-// The shape nearest to `ratio` for as many code words as the automatic shape took.
-Size SizeByRatio(int words, double ratio) {
-  const double columns = std::ceil(std::sqrt(words / ratio));
-  const int kept = static_cast<int>(std::clamp(columns, 1.0, double{kMaxColumns}));
-  // Too few columns for the rows there may be: wider.
-  const int least = (words + kMaxRows - 1) / kMaxRows;
-  const int used = std::max(kept, least);
-  return {std::clamp((words + used - 1) / used, kMinRows, kMaxRows), used};
+int Quotient(int words, int parts) {
+  return (words + parts - 1) / parts;
 }
 
-void Encode(ZintSymbol& symbol, const EncoderInput& input, const std::string& data, Size size) {
-  const Pdf417Options& options = input.options.pdf417;
-  if (options.ecLevel > 8) throw Error(BC_E_INVALIDARG);
-  symbol->option_1 = std::max(options.ecLevel, -1);
-  symbol->option_2 = size.columns;
-  symbol->option_3 = size.rows;
-  SetMacro(symbol, options);
-  symbol.encode(data, BC_E_DATATOOLONG);
+// As few rows as take the words in so many columns; 0 rows when no symbol is so narrow or wide.
+Shape WithColumns(int words, int columns) {
+  const int rows = std::max(Quotient(words, columns), kMinRows);
+  const bool good = rows <= kMaxRows && rows * columns <= kMaxWords;
+  return {good ? rows : 0, columns};
+}
+
+// The shape that is nearest to so many columns. There is one for as many words as a symbol holds.
+Shape NearColumns(int words, int wanted) {
+  Shape best{};
+  for (int columns = 1; columns <= kMaxColumns; ++columns) {
+    const Shape shape = WithColumns(words, columns);
+    if (shape.rows == 0) continue;
+    const bool nearer = std::abs(columns - wanted) < std::abs(best.columns - wanted);
+    if (best.rows == 0 || nearer) best = shape;
+  }
+  return best;
+}
+
+Shape FreeShape(int words, double ratio) {
+  // About three rows to a column, when nothing is asked for: somewhat wider than high.
+  const double columns =
+      ratio > 0 ? std::ceil(std::sqrt(words / ratio)) : std::floor(std::sqrt(words / 3.0) + 0.5);
+  return NearColumns(words, static_cast<int>(std::clamp(columns, 1.0, double{kMaxColumns})));
+}
+
+Shape ShapeFor(int words, const Pdf417Options& options) {
+  Shape shape = ShapeSet(options);
+  const double ratio = RatioOf(options.ratio);
+  if (words > kMaxWords) throw Error(BC_E_DATATOOLONG);
+  if (shape.rows == 0 && shape.columns == 0) return FreeShape(words, ratio);
+  if (shape.columns == 0) shape.columns = Quotient(words, shape.rows);
+  if (shape.rows == 0) shape.rows = WithColumns(words, shape.columns).rows;
+  const int room = shape.rows * shape.columns;
+  if (shape.columns > kMaxColumns || room < words || room > kMaxWords)
+    throw Error(BC_E_DATATOOLONG);
+  return shape;
+}
+
+// The level set, or the one that ISO/IEC 15438 annex E recommends, less where it would not fit.
+int LevelFor(int words, const Pdf417Options& options) {
+  if (options.ecLevel > kMaxPdf417Level) throw Error(BC_E_INVALIDARG);
+  if (options.ecLevel >= 0) return options.ecLevel;
+  const int dataWords = words - 1;  // without their number
+  int level = dataWords <= 40 ? 2 : dataWords <= 160 ? 3 : dataWords <= 320 ? 4 : 5;
+  while (level > 0 && words + Pdf417CorrectionWords(level) > kMaxWords) --level;
+  return level;
+}
+
+// All code words and the shape and error correction that rows tell.
+struct Content {
+  CodeWords words;
+  Shape shape;
+  int level;
+};
+
+Content ContentOf(const std::string& data, const Pdf417Options& options) {
+  const CodeWords block = Pdf417ControlBlock(options);
+  Content content;
+  content.words = CompactPdf417(data, options.mode == 1 ? Compaction::kBytes : Compaction::kAny);
+  content.words.insert(content.words.begin(), 0);  // their number, itself included
+  const int used = static_cast<int>(content.words.size() + block.size());
+  content.level = LevelFor(used, options);
+  const int correction = Pdf417CorrectionWords(content.level);
+  content.shape = ShapeFor(used + correction, options);
+
+  const int length = content.shape.rows * content.shape.columns - correction;
+  content.words.insert(content.words.end(), static_cast<std::size_t>(length - used), kPadWord);
+  content.words.insert(content.words.end(), block.begin(), block.end());
+  content.words[0] = static_cast<std::uint16_t>(length);
+  AppendPdf417Correction(content.words, content.level);
+  return content;
+}
+
+class RowWriter {
+ public:
+  RowWriter(const Content& symbolContent, bool withoutRight)
+      : content(symbolContent), truncated(withoutRight) {}
+
+  SymbolRow row(int index) {
+    constexpr int kRunsPerWord = 8;
+    const int columns = content.shape.columns;
+    SymbolRow result;
+    result.height = kSharedHeight;
+    result.runs.reserve(static_cast<std::size_t>(kRunsPerWord * (columns + 4)));
+    runs = &result.runs;
+    cluster = index % kPdf417Clusters;
+    append({8, 1, 1, 1, 1, 1, 1, 3});
+    appendWord(indicator(index, 0));
+    const auto first = content.words.begin() + index * columns;
+    std::for_each(first, first + columns, [this](int word) { appendWord(word); });
+    if (truncated) {
+      append({1});
+    } else {
+      appendWord(indicator(index, 2));
+      append({7, 1, 1, 3, 1, 1, 1, 2, 1});
+    }
+    return result;
+  }
+
+ private:
+  void append(std::initializer_list<int> widths) {
+    runs->insert(runs->end(), widths.begin(), widths.end());
+  }
+
+  void appendWord(int word) {
+    const std::uint32_t modules = 0x10000u | std::uint32_t{kPdf417Patterns[cluster][word]} << 1;
+    // A mark on the last module of each run.
+    std::uint32_t ends = (modules ^ modules >> 1) & 0xFFFF;
+    ends = ends << 1 | 1;
+    int last = 17;
+    for (int run = 0; run < 8; ++run) {
+      const int at = std::bit_width(ends) - 1;
+      runs->push_back(last - at);
+      last = at;
+      ends &= ~(1u << at);
+    }
+  }
+
+  // What rows tell of the symbol, each a third of it. The right side of a row is two clusters on.
+  int indicator(int row, int turn) const {
+    const int facts[] = {(content.shape.rows - 1) / 3,
+                         content.level * 3 + (content.shape.rows - 1) % 3,
+                         content.shape.columns - 1};
+    return row / 3 * 30 + facts[(cluster + turn) % 3];
+  }
+
+  const Content& content;
+  const bool truncated;
+  int cluster = 0;
+  std::vector<int>* runs = nullptr;
+};
+
+void Encode(const EncoderInput& input, bool truncated, Symbol& symbol) {
+  const Content content = ContentOf(Bytes(input.data), input.options.pdf417);
+  symbol.width = 17 * content.shape.columns + (truncated ? 35 : 69);
+  RowWriter writer(content, truncated);
+  symbol.rows.reserve(static_cast<std::size_t>(content.shape.rows));
+  for (int row = 0; row < content.shape.rows; ++row) symbol.rows.push_back(writer.row(row));
+  SetTextLine(symbol, PrintableText(input.data));
 }
 
 }  // namespace
 
 void EncodePdf417(const EncoderInput& input, Symbol& symbol) {
-  const std::string data = Bytes(input.data);
-  CheckLength(data);
-  const Size size = SizeSet(input.options.pdf417);
-  const double ratio = RatioOf(input.options.pdf417.ratio);
-  ZintSymbol encoded(BARCODE_PDF417);
-  Encode(encoded, input, data, size);
-  const bool free = size.rows == 0 && size.columns == 0;
-  if (ratio > 0 && free) {
-    constexpr int kFixedModules = 69, kModulesPerWord = 17;
-    const int words = encoded->rows * ((encoded->width - kFixedModules) / kModulesPerWord);
-    ZintSymbol shaped(BARCODE_PDF417);
-    Encode(shaped, input, data, SizeByRatio(words, ratio));
-    shaped.copyRows(symbol, kSharedHeight);
-  } else {
-    encoded.copyRows(symbol, kSharedHeight);
-  }
-  SetTextLine(symbol, PrintableText(input.data));
+  Encode(input, false, symbol);
+}
+
+void EncodeTruncatedPdf417(const EncoderInput& input, Symbol& symbol) {
+  Encode(input, true, symbol);
 }
 
 }  // namespace Library

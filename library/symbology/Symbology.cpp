@@ -56,6 +56,7 @@ constexpr Symbology kSymbologies[] = {
     {20,    "Code 128",           EncodeCode128,         G::kLinear,  E::kFourWidths, kAllBytes,         1,  kCode128Length, 0,    true,  true,  nullptr,      kCode128Check, true,  254, 0,  M::kGeneral},
     {34,    "UPC-A",              EncodeUpcA,            G::kLinear,  E::kFourWidths, kDigits,           11, 12,             12,   false, false, nullptr,      kUpcACheck,    true,  330, 0,  M::kLogistics},
     {55,    "PDF417",             EncodePdf417,          G::kStacked, E::kNoRatio,    kAllBytes,         1,  2710,           0,    false, false, nullptr,      kNoCheck,      false, 254, 3,  M::kNone},
+    {56,    "PDF417 Truncated",   EncodeTruncatedPdf417, G::kStacked, E::kNoRatio,    kAllBytes,         1,  2710,           0,    false, false, nullptr,      kNoCheck,      false, 254, 3,  M::kNone},
     {58,    "QR Code",            EncodeQrCode,          G::kMatrix,  E::kNoRatio,    kAllBytes,         1,  7089,           0,    false, false, GsQrCode,     kNoCheck,      false, 330, 0,  M::kNone},
     {71,    "Data Matrix",        EncodeDataMatrix,      G::kMatrix,  E::kNoRatio,    kAllBytes,         1,  3116,           0,    false, false, GsDataMatrix, kNoCheck,      false, 254, 0,  M::kNone},
     {92,    "Aztec Code",         EncodeAztec,           G::kMatrix,  E::kNoRatio,    kAllBytes,         1,  kAztecLength,   0,    false, false, GsAztec,      kNoCheck,      false, 330, 0,  M::kNone},

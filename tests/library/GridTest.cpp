@@ -92,7 +92,7 @@ TEST(GridParts, HoldAsMuchAsTheTypeDoes) {
   for (const auto& [type, data, count] : {std::tuple{kQrCode, Text(7000), 3},
                                           {kQrCode, Text(16 * 5596, "0123456789"), 16},
                                           {kDataMatrix, binary, 2},
-                                          {kPdf417, Text(3000, "aB3;"), 4},
+                                          {kPdf417, Text(3000, "aB3;"), 3},
                                           {kAztec, binary, 2},
                                           {kInterleaved, Text(200, "0123456789"), 3}}) {
     SCOPED_TRACE(testing::Message() << type << ", " << data.size() << " bytes");

@@ -33,6 +33,7 @@ TEST(Symbologies, AreReadBackAsWhatTheyAre) {
       {20, "Code128", "Code 128", "Code 128"},
       {34, "UPC-A", "03600029145", "036000291452"},
       {55, "PDF417", "Test123", "Test123"},
+      {56, "PDF417", "Test123", "Test123"},
       {58, "QRCode", "Test123", "Test123"},
       {71, "DataMatrix", "Test123", "Test123"},
       {92, "Aztec", "Test123", "Test123"},
@@ -68,7 +69,7 @@ TEST(Symbologies, RefuseMoreThanTheyHold) {
     int good, tooMany;
   } cases[] = {
       {3, '1', 90, 91},         {8, 'A', 85, 86},         {55, '1', 2700, 2711},
-      {55, 'a', 1355, 1356},    {55, '\xE9', 1100, 1112}, {58, '\xE9', 2953, 2954},
+      {55, 'a', 1849, 1850},    {55, '\xE9', 1108, 1109}, {58, '\xE9', 2953, 2954},
       {71, '\xE9', 1555, 1557}, {92, '1', 3500, 3840},    {92, '\xE9', 1900, 2000},
   };
   for (const auto& row : cases) {
