@@ -91,53 +91,15 @@ bool Filter::filterPostScript() {
   job.stream.setLookBack(application.insertMode == Settings::kInsertAuto ? Stream::kLookBack
                                                                          : kReaderText);
   while (job.isPostScript()) {
-    const PostScriptScanner::Found found =
-        postScript->next({.strings = placement.waitsForString(),
-                          .lineEnds = placement.waitsForLineEnd(),
-                          .pattern = placement.waitsForPattern(),
-                          .pjl = pjlActive});
-    if (found == PostScriptScanner::Found::kEnd) return false;
+    const Found found = postScript->next({.strings = placement.waitsForString(),
+                                          .lineEnds = placement.waitsForLineEnd(),
+                                          .pattern = placement.waitsForPattern(),
+                                          .pjl = pjlActive});
+    if (found == Found::kEnd) return false;
     job.page = postScript->pages();
-    keepFirst(dispatch(found));
+    keepFirst(dispatch(found, postScript->lineBegin()));
   }
   return true;
-}
-
-Diag::ResultCode Filter::dispatch(PostScriptScanner::Found found) {
-  using enum PostScriptScanner::Found;
-  switch (found) {
-    case kString:
-      return job.application.insertMode == Settings::kInsertAuto
-                 ? autoInsert.handlePostScriptString(postScript->stringSize(),
-                                                     postScript->producer())
-                 : strings.handlePostScriptString(postScript->stringSize(),
-                                                  postScript->lineBegin());
-    case kOtherString:
-      job.stream.forward(postScript->stringSize());
-      placement.stringWritten();
-      break;
-    case kBeginToken:
-      return raw.handleEscapeSequence(postScript->lineBegin());
-    case kPattern:
-      placement.handleInsertPattern(postScript->lineBegin());
-      break;
-    case kLineEnd:
-      handleLineEnd();
-      break;
-    case kControl:
-      return orvella.handleOrvellaSequence();
-    case kAtSign:
-      handlePjl();
-      break;
-    case kExit:
-      pjlActive = true;
-      job.stream.forward(Engine::kUniversalExit.size());
-      enterPersonality(Settings::kStreamPcl);
-      break;
-    case kEnd:
-      break;
-  }
-  return Diag::kSuccess;
 }
 
 bool Filter::filterPcl() {
@@ -153,22 +115,32 @@ bool Filter::filterPcl() {
   }
   job.stream.setLookBack(0);
   while (!job.isPostScript()) {
-    const PclScanner::Found found = pcl->next(
+    const Found found = pcl->next(
         {.lineEnds = placement.waitsForLineEnd(), .pattern = placement.waitsForPattern()});
-    if (found == PclScanner::Found::kEnd) return false;
+    if (found == Found::kEnd) return false;
     job.page = pcl->pages() + 1;
-    keepFirst(dispatch(found));
+    keepFirst(dispatch(found, pcl->lineBegin()));
   }
   return true;
 }
 
-Diag::ResultCode Filter::dispatch(PclScanner::Found found) {
-  using enum PclScanner::Found;
+// Handles what stands at the front of the stream.
+Diag::ResultCode Filter::dispatch(Found found, std::uint64_t lineBegin) {
+  using enum Found;
   switch (found) {
+    case kString:
+      return job.application.insertMode == Settings::kInsertAuto
+                 ? autoInsert.handlePostScriptString(postScript->stringSize(),
+                                                     postScript->producer())
+                 : strings.handlePostScriptString(postScript->stringSize(), lineBegin);
+    case kOtherString:
+      job.stream.forward(postScript->stringSize());
+      placement.stringWritten();
+      break;
     case kBeginToken:
-      return raw.handleEscapeSequence(pcl->lineBegin());
+      return raw.handleEscapeSequence(lineBegin);
     case kPattern:
-      placement.handleInsertPattern(pcl->lineBegin());
+      placement.handleInsertPattern(lineBegin);
       break;
     case kLineEnd:
       handleLineEnd();
@@ -177,6 +149,11 @@ Diag::ResultCode Filter::dispatch(PclScanner::Found found) {
       return orvella.handleOrvellaSequence();
     case kAtSign:
       handlePjl();
+      break;
+    case kExit:
+      pjlActive = true;
+      job.stream.forward(Engine::kUniversalExit.size());
+      enterPersonality(Settings::kStreamPcl);
       break;
     case kEnd:
       break;

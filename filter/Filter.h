@@ -54,8 +54,7 @@ class Filter {
   void filterJob();
   bool filterPostScript();
   bool filterPcl();
-  ResultCode dispatch(PostScriptScanner::Found found);
-  ResultCode dispatch(PclScanner::Found found);
+  ResultCode dispatch(Found found, std::uint64_t lineBegin);
   void handlePjl();
   void handleLineEnd();
   void enterPersonality(Settings::StreamType type);

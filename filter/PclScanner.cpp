@@ -39,7 +39,7 @@ void PclScanner::chooseStops(const Wanted& newWanted) {
   if (marks.lineBegins) stops.setLineEnd(marks.lineEnd);
 }
 
-PclScanner::Found PclScanner::next(const Wanted& newWanted) {
+Found PclScanner::next(const Wanted& newWanted) {
   chooseStops(newWanted);
   BlockMasks masks[kBlocksAtATime];
   while (true) {
@@ -72,7 +72,7 @@ PclScanner::Found PclScanner::next(const Wanted& newWanted) {
   }
 }
 
-PclScanner::Found PclScanner::findIn(const BlockMasks& masks, std::size_t base) {
+Found PclScanner::findIn(const BlockMasks& masks, std::size_t base) {
   Found found = Found::kEnd;
   std::uint64_t passed = ~std::uint64_t{0};  // the bytes in front of what is found
   for (std::uint64_t bits = masks.stop; bits != 0 && found == Found::kEnd; bits &= bits - 1) {
@@ -90,7 +90,7 @@ PclScanner::Found PclScanner::findIn(const BlockMasks& masks, std::size_t base) 
 }
 
 // What a stop turns out to be; kEnd for nothing.
-PclScanner::Found PclScanner::whatIsAt(std::size_t at) {
+Found PclScanner::whatIsAt(std::size_t at) {
   const auto is = [&](std::string_view text) {
     return !text.empty() && stream.peek(at + text.size()).substr(at).starts_with(text);
   };

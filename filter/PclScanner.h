@@ -4,6 +4,7 @@
 #pragma once
 
 #include "filter/BlockMasks.h"
+#include "filter/Found.h"
 #include "filter/Stream.h"
 
 #include <cstddef>
@@ -14,14 +15,6 @@ namespace Filter {
 
 class PclScanner {
  public:
-  enum class Found {
-    kEnd,  // of the job
-    kBeginToken,
-    kPattern,  // the insert pattern, when asked for
-    kLineEnd,  // when asked for
-    kControl,  // an Orvella sequence
-    kAtSign,   // of a PJL command
-  };
   struct Wanted {
     bool lineEnds = false, pattern = false;
     bool operator==(const Wanted&) const = default;

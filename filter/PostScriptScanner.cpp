@@ -61,7 +61,7 @@ void PostScriptScanner::chooseStops(const Wanted& newWanted) {
   }
 }
 
-PostScriptScanner::Found PostScriptScanner::next(const Wanted& newWanted) {
+Found PostScriptScanner::next(const Wanted& newWanted) {
   chooseStops(newWanted);
   found = Found::kEnd;
   BlockMasks masks[kBlocksAtATime];

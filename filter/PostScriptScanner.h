@@ -16,6 +16,7 @@
 
 #include "filter/BlockMasks.h"
 #include "filter/EmbeddedData.h"
+#include "filter/Found.h"
 #include "filter/PenMovement.h"
 #include "filter/Stream.h"
 
@@ -42,17 +43,6 @@ struct Marks {
 
 class PostScriptScanner {
  public:
-  enum class Found {
-    kEnd,          // of the job
-    kString,       // one whose bytes hold the begin token, or end with a part of it
-    kOtherString,  // any other, when asked for
-    kBeginToken,   // among operators
-    kPattern,      // the insert pattern's first byte, when asked for
-    kLineEnd,      // when asked for
-    kControl,      // an Orvella control byte
-    kAtSign,       // when PJL may follow
-    kExit,         // of the language: what follows is no PostScript
-  };
   // What the filter wants to be stopped for beside strings and begin tokens.
   struct Wanted {
     bool strings = false, lineEnds = false, pattern = false, pjl = false;
