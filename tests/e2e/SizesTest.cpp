@@ -26,6 +26,12 @@ std::size_t CountOf(std::string_view text, std::string_view word) {
   return count;
 }
 
+#ifdef __SANITIZE_ADDRESS__
+constexpr std::size_t kJobSize = 96;  // KiB: the sanitizers make it ten times as slow
+#else
+constexpr std::size_t kJobSize = 1024;
+#endif
+
 // Without a whole sequence: every begin token that could have begun one is told.
 TEST(Sizes, RepeatedPiecesPassUnchanged) {
   const struct {
@@ -53,7 +59,7 @@ TEST(Sizes, RepeatedPiecesPassUnchanged) {
   for (const auto& row : rows) {
     for (const std::string settings : {"insert=beforestring", "insert=beforeline", "insert=auto"}) {
       SCOPED_TRACE(row.front + row.piece + ", " + settings);
-      const std::string pieces = Repeated(row.piece, 1024);
+      const std::string pieces = Repeated(row.piece, kJobSize);
       const Program::Result result = Recorded(Filter(settings)).run(row.front + pieces);
       EXPECT_TRUE(result.output == row.front + pieces);
       EXPECT_EQ(result.status, 0);
@@ -77,7 +83,7 @@ TEST(Sizes, EverySequenceOfManyIsDrawn) {
   for (const auto& row : rows) {
     for (const std::string settings : {"embed=off", "embed=off insert=auto"}) {
       SCOPED_TRACE(row.front + row.piece + row.back + settings);
-      const std::string job = row.front + Repeated(row.piece, 256) + row.back;
+      const std::string job = row.front + Repeated(row.piece, kJobSize / 4) + row.back;
       const Program::Result result = Recorded(Filter(settings)).run(job);
       EXPECT_EQ(CountOf(result.output, kDrawing),
                 row.split && settings == "embed=off" ? 0 : CountOf(job, "re"));
