@@ -330,4 +330,14 @@ TEST(Embedding, ASequenceInAStringOfAnyLengthIsFound) {
   }
 }
 
+TEST(Embedding, ALineLongerThanAnyReadIsKeptForTheBarcodeInFrontOfIt) {
+  const std::string line(400000, 'x');
+  const std::string blanks(21, ' ');
+  for (const std::string front : {"\033E\n", "%!PS\n"}) {
+    const Program::Result result = Recorded(Filter("insert=beforeline nooverhead"))
+                                       .run(front + line + "$_vxrs --data=1 $_vxre\n");
+    EXPECT_TRUE(result.output == front + kDrawing + line + blanks + "\n") << front;
+  }
+}
+
 }  // namespace
