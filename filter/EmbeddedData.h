@@ -15,7 +15,7 @@
 //
 // Hexadecimal data hold nothing that could be mistaken and need no knowledge. A procedure that only
 // contains a reader begins nothing; where its name calls it, nothing is known, and whoever looks
-// for strings has to find back into the text (see TextFinder).
+// for strings has to find back into the text (see StringFinder.h).
 #pragma once
 
 #include <cstddef>
