@@ -1,8 +1,8 @@
 #include "engine/SymbologySetters.h"
 
 #include "engine/Setter.h"
+#include "settings/TypeFamilies.h"
 
-#include <algorithm>
 #include <span>
 
 namespace Engine {
@@ -162,29 +162,17 @@ constexpr Setter kMicroQrSetters[] = {
 };
 // clang-format on
 
-constexpr int kPdf417Types[] = {55, 56, 84, 106, 107, 108, 109};
-constexpr int kQrCodeTypes[] = {58, 104, 105};
-constexpr int kDataMatrixTypes[] = {71, 102, 103};
-constexpr int kAztecTypes[] = {92};
-constexpr int kMaxiCodeTypes[] = {57};
-constexpr int kCodablockFTypes[] = {74, 110, 111};
-constexpr int kMicroQrTypes[] = {97};
-
 struct Family {
   std::span<const int> types;
   ResultCode (*apply)(S& settings, BCBarcode* handle);
 };
 
 constexpr Family kFamilies[] = {
-    {kPdf417Types, ApplyPdf417},         {kMaxiCodeTypes, ApplyMaxiCode},
-    {kQrCodeTypes, ApplyQrCode},         {kDataMatrixTypes, ApplyDataMatrix},
-    {kCodablockFTypes, ApplyCodablockF}, {kAztecTypes, ApplyAztec},
-    {kMicroQrTypes, ApplyMicroQr},
+    {Settings::kPdf417Types, ApplyPdf417},         {Settings::kMaxiCodeTypes, ApplyMaxiCode},
+    {Settings::kQrCodeTypes, ApplyQrCode},         {Settings::kDataMatrixTypes, ApplyDataMatrix},
+    {Settings::kCodablockFTypes, ApplyCodablockF}, {Settings::kAztecTypes, ApplyAztec},
+    {Settings::kMicroQrTypes, ApplyMicroQr},
 };
-
-bool Contains(std::span<const int> types, int type) {
-  return std::ranges::find(types, type) != types.end();
-}
 
 }  // namespace
 
@@ -218,13 +206,13 @@ ResultCode ApplyMicroQr(S& settings, BCBarcode* handle) {
 
 ResultCode ApplySymbology(S& settings, BCBarcode* handle) {
   for (const Family& family : kFamilies) {
-    if (Contains(family.types, settings.barcode)) return family.apply(settings, handle);
+    if (Settings::IsOneOf(family.types, settings.barcode)) return family.apply(settings, handle);
   }
   return Diag::kSuccess;
 }
 
 bool IsPdf417Family(int type) {
-  return Contains(kPdf417Types, type);
+  return Settings::IsOneOf(Settings::kPdf417Types, type);
 }
 
 }  // namespace Engine

@@ -3,19 +3,37 @@
 
 #include "engine/library/vextorin9.h"
 
+#include <concepts>
 #include <exception>
 
 namespace Library {
 
+// Zero-based index of a character in the caller's data, a type of its own so that it cannot be
+// taken for a result code.
+struct DataIndex {
+  int value = -1;  // -1: unknown
+
+  constexpr DataIndex() = default;
+  constexpr explicit DataIndex(int index) : value(index) {}
+  constexpr bool known() const { return value >= 0; }
+};
+
 class Error : public std::exception {
  public:
-  explicit Error(BCResult result, int index = -1, bool composite = false)
-      : code(result), position(index), inComposite(composite) {}
+  explicit Error(std::same_as<BCResult> auto result, DataIndex index = {})
+      : code(result), position(index) {}
   const char* what() const noexcept override { return "barcode library error"; }
 
+  // The same error, in the composite component of the symbol.
+  Error inComponent() const {
+    Error error = *this;
+    error.inComposite = true;
+    return error;
+  }
+
   BCResult code;
-  int position;      // zero-based index of the rejected character in the caller's data, -1: unknown
-  bool inComposite;  // the error lies in the composite component
+  DataIndex position;        // of the rejected character
+  bool inComposite = false;  // the error lies in the composite component
 };
 
 }  // namespace Library

@@ -109,6 +109,8 @@ struct Options : LayoutOptions {
   bool translateEscapes = false;
   std::string format;
 
+  int eci = 0;  // Extended Channel Interpretation of the data, 0: none
+
   int compositeType = 0;  // 0 none, 1 auto, 2 A, 3 B, 4 C
   int segmentsPerRow = -1;
 

@@ -2,6 +2,7 @@
 // the library's type numbers; lengths are millimetres. The lists differ from each other on purpose.
 #include "settings/GlobalSettings.h"
 #include "settings/OptionValues.h"
+#include "settings/TypeFamilies.h"
 
 #include <algorithm>
 #include <span>
@@ -53,9 +54,9 @@ constexpr TypeValue kHeights[] = {
 };
 // clang-format on
 
-// The PDF417 family has a row height in place of a height.
-constexpr TypeRange kPdf417Family[] = {{55, 56}, {84, 84}, {106, 109}};
-constexpr double kPdf417RowHeight = 0.762;  // without a module width; else 3 modules
+// The PDF417 family has a row height in place of a height: this without a module width, else 3
+// modules.
+constexpr double kPdf417RowHeight = 0.762;
 
 constexpr TypeRange kHiddenText[] = {{21, 22}, {40, 45}, {57, 57}, {63, 68}, {70, 70},
                                      {76, 77}, {82, 83}, {85, 85}, {90, 90}};
@@ -82,7 +83,7 @@ int FontSizeOf(double modulewidth) {
 
 void BarcodeSettings::applyDefaultSet() {
   g_settings.trace.Trace(Diag::kDebug, "Settings DefaultSet.");
-  const bool pdf417 = Lists(kPdf417Family, barcode);
+  const bool pdf417 = IsOneOf(kPdf417Types, barcode);
   if (width < 0 && modulewidth < 0) modulewidth = ValueOf(barcode, kModuleWidths, -1.0);
   if (height < 0) height = ValueOf(barcode, kHeights, height);
   if (height < 0 && pdf417 && PDFrowheight < 0)

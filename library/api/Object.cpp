@@ -46,8 +46,8 @@ bool HasDetail(const BCBarcode& barcode) {
   const Error& error = barcode.lastError;
   if (error.code == BC_E_DATATOOLONG) return MaxDataLength(barcode.options.type) > 0;
   const std::size_t shown = std::strlen(barcode.options.data.c_str());
-  return error.code == BC_E_INVALIDDATA && error.position >= 0 &&
-         static_cast<std::size_t>(error.position) < shown;
+  return error.code == BC_E_INVALIDDATA && error.position.known() &&
+         static_cast<std::size_t>(error.position.value) < shown;
 }
 
 }  // namespace
@@ -117,7 +117,7 @@ const char* BCGetTextA(BCBarcode* b) {
 }
 
 int BCGetInvalidDataPos(BCBarcode* b) {
-  return b ? b->lastError.position : -1;
+  return b ? b->lastError.position.value : -1;
 }
 
 int BCGetCountRows(BCBarcode* b) {

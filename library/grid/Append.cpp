@@ -3,6 +3,7 @@
 #include "library/Error.h"
 #include "library/prepare/Escapes.h"
 #include "library/symbology/Encode.h"
+#include "library/symbology/StructuredAppend.h"
 
 #include <algorithm>
 
@@ -15,54 +16,8 @@ enum Mode { kNone, kStandard, kOwn };
 constexpr int kMaxSymbols = 1000;
 constexpr int kMaxOwn = 99;
 
-struct Place {
-  int index, count;
-  std::uint8_t parity;
-  std::uint32_t id;
-};
-
-std::string Digits(int value, int length) {
-  std::string digits(static_cast<std::size_t>(length), '0');
-  for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit, value /= 10) {
-    *digit = static_cast<char>('0' + value % 10);
-  }
-  return digits;
-}
-
 std::string OwnHeader(int index, int count) {
-  return "VXA1" + Digits(index, 2) + Digits(count, 2);
-}
-
-void PlaceQrCode(Options& options, const Place& place) {
-  options.qr.appendSum = place.count;
-  options.qr.appendIndex = place.index;
-  options.qr.appendParity = place.parity;
-}
-
-// A file id that is set stays, here and below.
-void PlaceDataMatrix(Options& options, const Place& place) {
-  constexpr std::uint32_t kValues = 254;  // 1 to 254, twice
-  options.dataMatrix.appendSum = place.count;
-  options.dataMatrix.appendIndex = place.index;
-  if (options.dataMatrix.appendFileId >= 0) return;
-  options.dataMatrix.appendFileId =
-      static_cast<int>((1 + place.id / kValues % kValues) * 256 + 1 + place.id % kValues);
-}
-
-void PlacePdf417(Options& options, const Place& place) {
-  constexpr std::uint32_t kValues = 900;  // of a code word
-  options.pdf417.segIndex = place.index - 1;
-  options.pdf417.segCount = place.count;
-  options.pdf417.segLast = -1;
-  if (!options.pdf417.fileId.empty()) return;
-  options.pdf417.fileId = Digits(static_cast<int>(place.id / kValues % kValues), 3) +
-                          Digits(static_cast<int>(place.id % kValues), 3);
-}
-
-void PlaceAztec(Options& options, const Place& place) {
-  options.aztec.append = true;
-  options.aztec.appendSum = static_cast<char>('A' + place.count - 1);
-  options.aztec.appendIndex = static_cast<char>('A' + place.index - 1);
+  return "VXA1" + FixedDigits(index, 2) + FixedDigits(count, 2);
 }
 
 // FNV-1a.
@@ -81,29 +36,11 @@ bool CanHold(const Options& options, std::string_view text) {
 
 }  // namespace
 
-// Structured append as symbologies have it.
-struct Append::Standard {
-  int type;
-  int maxSymbols;
-  void (*place)(Options& options, const Place& place);
-};
-
-const Append::Standard Append::kStandards[] = {
-    {55, kMaxSymbols, PlacePdf417}, {56, kMaxSymbols, PlacePdf417}, {58, 16, PlaceQrCode},
-    {71, 16, PlaceDataMatrix},      {92, 26, PlaceAztec},
-};
-
-const Append::Standard* Append::findStandard(int type) {
-  const auto found = std::find_if(std::begin(kStandards), std::end(kStandards),
-                                  [type](const Standard& row) { return row.type == type; });
-  return found == std::end(kStandards) ? nullptr : found;
-}
-
 Append::Append(const Options& options, const Data& message)
     : own(options.grid.structuredAppend == kOwn), format(options.format) {
   if (own && !CanHold(options, OwnHeader(1, 1))) throw Error(BC_E_NOTSUPPORTED);
   if (options.grid.structuredAppend != kStandard) return;
-  standard = findStandard(options.type);
+  standard = SymbologyOf(options).family.append;
   if (standard == nullptr) throw Error(BC_E_NOTSUPPORTED);
   const std::string bytes = Bytes(message);
   for (const char byte : bytes) parity ^= static_cast<std::uint8_t>(byte);

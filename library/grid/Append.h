@@ -13,6 +13,8 @@
 
 namespace Library {
 
+struct StructuredAppend;
+
 class Append {
  public:
   // Throws Error with BC_E_NOTSUPPORTED where the type has no structured append, or cannot hold the
@@ -28,11 +30,7 @@ class Append {
   void mark(int index, int count, Options& settings, Data& part) const;
 
  private:
-  struct Standard;
-  static const Standard kStandards[];
-  static const Standard* findStandard(int type);
-
-  const Standard* standard = nullptr;
+  const StructuredAppend* standard = nullptr;
   bool own = false;
   std::string format;       // of the options as they were
   std::uint8_t parity = 0;  // of all bytes of the message

@@ -19,30 +19,6 @@ constexpr double kGeneralMinimum = 5 * kMillimetre;
 // Rows that have to fill a box may shrink to this share of their nominal height.
 constexpr double kLeastScale = 0.5;
 
-// Heights that the options set for the rows of a family, -1: none.
-struct SetHeights {
-  std::int32_t row = -1, separator = -1;
-};
-
-SetHeights HeightsSet(const Options& options) {
-  switch (options.type) {
-    case 55:
-    case 56:
-    case 84:
-    case 106:
-    case 107:
-    case 108:
-    case 109:  // the PDF417 family
-      return {options.pdf417.rowHeight, -1};
-    case 74:
-    case 110:
-    case 111:  // Codablock-F
-      return {options.codablock.rowHeight, options.codablock.separatorHeight};
-    default:
-      return {};
-  }
-}
-
 // Height of a linear symbol, or of the linear part of a composite one, when nothing asks for more.
 double LinearMinimum(MinimalHeight rule, double width) {
   if (rule != MinimalHeight::kLogistics) return kGeneralMinimum;
@@ -83,11 +59,13 @@ double HexagonRowsHeight(const Symbol& symbol) {
 std::vector<double> RowHeights(const Symbol& symbol, const Options& options, SizeMode mode,
                                const RowSpace& space) {
   const Symbology& type = *FindSymbology(symbol.type);
-  const SetHeights set = HeightsSet(options);
-  const bool linear = type.minimalHeight != MinimalHeight::kNone || type.rowHeight <= 0;
-  const double own = linear        ? LinearMinimum(type.minimalHeight, space.width)
+  const SetHeights set =
+      type.family.setHeights == nullptr ? SetHeights() : type.family.setHeights(options);
+  const bool linear =
+      type.family.minimalHeight != MinimalHeight::kNone || type.family.rowHeight <= 0;
+  const double own = linear        ? LinearMinimum(type.family.minimalHeight, space.width)
                      : set.row > 0 ? set.row
-                                   : type.rowHeight * space.module;
+                                   : type.family.rowHeight * space.module;
   std::vector<double> heights;
   double fixed = 0;
   int flexible = 0;
@@ -103,7 +81,8 @@ std::vector<double> RowHeights(const Symbol& symbol, const Options& options, Siz
   }
   double share = own;
   const double room = (space.height - fixed) / flexible;
-  const double least = linear ? kLeastBarHeight : kLeastScale * type.rowHeight * space.module;
+  const double least =
+      linear ? kLeastBarHeight : kLeastScale * type.family.rowHeight * space.module;
   if (mode == SizeMode::kFit && room >= least) share = room;
   if (mode == SizeMode::kModule && linear) share = std::max(room, own);
   for (std::size_t i = 0; i < heights.size(); ++i) {

@@ -14,7 +14,7 @@ bool IsShown(const Symbol& symbol, const Options& options) {
   if (symbol.texts.empty()) return false;
   if (options.printText >= 0) return options.printText != 0;
   const Symbology* type = FindSymbology(symbol.type);
-  return type && type->textShown;
+  return type && type->family.textShown;
 }
 
 }  // namespace

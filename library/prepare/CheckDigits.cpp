@@ -106,7 +106,7 @@ std::string ComputeCheckDigits(int method, std::string_view data) {
   if (found == nullptr) throw Error(BC_E_INVALIDARG);
   for (std::size_t i = 0; i < data.size(); ++i) {
     if (!found->characters.contains(static_cast<unsigned char>(data[i]))) {
-      throw Error(BC_E_INVALIDDATA, static_cast<int>(i));
+      throw Error(BC_E_INVALIDDATA, DataIndex(static_cast<int>(i)));
     }
   }
   return found->compute(data);

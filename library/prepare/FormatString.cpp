@@ -18,7 +18,7 @@ Data ApplyFormat(const Data& data, std::string_view format, bool codeSets, int d
   for (std::size_t at = 0; at < format.size(); ++at) {
     const char sign = format[at];
     if (sign == '#') {
-      if (next == data.end()) throw Error(BC_E_INVALIDDATA, dataLength);
+      if (next == data.end()) throw Error(BC_E_INVALIDDATA, DataIndex(dataLength));
       result.push_back(*next++);
     } else if (sign == '&') {
       result.insert(result.end(), next, data.end());

@@ -31,7 +31,7 @@ const CharacterSet& SetOf(char letter) {
 }
 
 [[noreturn]] void Refuse(const DataCharacter& character) {
-  throw Error(BC_E_INVALIDDATA, character.source);
+  throw Error(BC_E_INVALIDDATA, DataIndex(character.source));
 }
 
 // One part of an identifier's content; Gs1Identifiers.h has the grammar.
@@ -226,7 +226,7 @@ ElementString ParseRaw(const Data& data) {
   for (auto field = plain.cbegin();;) {
     const auto fieldEnd = std::find_if(field, plain.cend(), IsSeparator);
     if (field == fieldEnd)
-      throw Error(BC_E_INVALIDDATA, field == plain.cend() ? -1 : field->source);
+      throw Error(BC_E_INVALIDDATA, DataIndex(field == plain.cend() ? -1 : field->source));
     AppendFieldText(result.text, field, fieldEnd);
     if (fieldEnd == plain.cend()) return result;
     field = fieldEnd + 1;

@@ -13,7 +13,7 @@ namespace {
 constexpr std::uint16_t kGroupSeparator = 0x1D;
 
 bool TakesFunctionCharacters(const Symbology& symbology, const Options& options) {
-  return symbology.functionCharacters || TakesGs1(symbology, options);
+  return symbology.family.functionCharacters || TakesGs1(symbology, options);
 }
 // The number sign is in the set of one identifier alone, and not among the 82.
 constexpr CharacterSet kElementCharacters = kGs1Characters | CharacterSet::Of("#");
@@ -40,7 +40,7 @@ void CheckCharacters(Data& data, const CharacterSet& characters, bool functionCh
     if (gs1 && character.value == kGroupSeparator) character.value = kFnc1;
     const bool good = character.isByte() ? characters.contains(character.value)
                                          : functionCharacters || !character.isFunction();
-    if (!good) throw Error(BC_E_INVALIDDATA, character.source);
+    if (!good) throw Error(BC_E_INVALIDDATA, DataIndex(character.source));
   }
 }
 
@@ -60,8 +60,8 @@ std::string ComputeFor(const Data& data, int method) {
   try {
     return ComputeCheckDigits(method, Bytes(data));
   } catch (const Error& error) {
-    if (error.position < 0) throw;
-    throw Error(error.code, data[static_cast<std::size_t>(error.position)].source);
+    if (!error.position.known()) throw;
+    throw Error(error.code, DataIndex(data[static_cast<std::size_t>(error.position.value)].source));
   }
 }
 
@@ -77,7 +77,7 @@ std::string VerifyLast(Data& data, int method, bool autoCorrect) {
   data.pop_back();
   const std::string expected = ComputeFor(data, method);
   const auto value = static_cast<std::uint16_t>(static_cast<unsigned char>(expected.front()));
-  if (given.value != value && !autoCorrect) throw Error(BC_E_INVALIDDATA, given.source);
+  if (given.value != value && !autoCorrect) throw Error(BC_E_INVALIDDATA, DataIndex(given.source));
   data.push_back({value, given.source});
   return expected;
 }
@@ -115,14 +115,19 @@ Data MessageOf(const Options& options, const Symbology& symbology) {
 PreparedData Prepare(const Options& options, const Symbology& symbology, Data data) {
   if (!symbology.check.methods.allow(options.checkDigitMethod)) throw Error(BC_E_INVALIDARG);
   if (!options.format.empty()) {
-    data = ApplyFormat(data, options.format, symbology.codeSets,
+    data = ApplyFormat(data, options.format, symbology.family.codeSets,
                        static_cast<int>(options.data.size()));
+  }
+  Data given;
+  if (symbology.normalize != nullptr) {
+    given = data;
+    symbology.normalize(data, options);
   }
   CheckCharacters(data, CharactersOf(symbology, options),
                   TakesFunctionCharacters(symbology, options), TakesGs1(symbology, options));
   CheckLength(data, symbology);
   std::string checkDigits = ApplyCheckDigits(data, symbology, options);
-  return {std::move(data), std::move(checkDigits)};
+  return {std::move(data), std::move(given), std::move(checkDigits)};
 }
 
 }  // namespace Library

@@ -10,6 +10,7 @@ namespace Library {
 
 struct PreparedData {
   Data data;
+  Data given;               // as it was before the normalizer, empty without one
   std::string checkDigits;  // that are part of the data, added or given
 };
 

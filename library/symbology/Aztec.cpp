@@ -58,12 +58,12 @@ void CheckOptions(const AztecOptions& options) {
 // Aztec runes: one number 0 to 255.
 void EncodeRune(const EncoderInput& input, Symbol& symbol) {
   for (const DataCharacter character : input.data) {
-    if (!character.isDigit()) throw Error(BC_E_INVALIDDATA, character.source);
+    if (!character.isDigit()) throw Error(BC_E_INVALIDDATA, DataIndex(character.source));
   }
   std::string digits = Bytes(input.data);
   if (digits.size() > 3) throw Error(BC_E_DATATOOLONG);
   const int number = std::stoi(digits);
-  if (number > 255) throw Error(BC_E_INVALIDDATA, input.data.front().source);
+  if (number > 255) throw Error(BC_E_INVALIDDATA, DataIndex(input.data.front().source));
   DrawAztecRune(static_cast<std::uint8_t>(number), symbol);
   SetTextLine(symbol, std::move(digits));
 }

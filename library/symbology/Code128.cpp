@@ -250,7 +250,7 @@ void RefuseMixedFnc4(const std::vector<Token>& tokens) {
   const auto isFnc4 = [](const Token& token) { return token.character.value == kFnc4; };
   if (std::none_of(tokens.begin(), tokens.end(), isFnc4)) return;
   for (const Token& token : tokens) {
-    if (token.extended) throw Error(BC_E_INVALIDDATA, token.character.source);
+    if (token.extended) throw Error(BC_E_INVALIDDATA, DataIndex(token.character.source));
   }
 }
 

@@ -11,9 +11,9 @@ namespace Library {
 const Symbology& SymbologyOf(const Options& options) {
   const Symbology* const symbology = FindSymbology(options.type);
   if (symbology == nullptr) throw Error(BC_E_INVALIDARG);
-  if (options.compositeType != 0) {
-    throw Error(BC_E_NOTSUPPORTED, -1, true);
-  }
+  if (symbology->encoder == nullptr) throw Error(BC_E_NOTSUPPORTED);
+  if (options.compositeType != 0) throw Error(BC_E_NOTSUPPORTED).inComponent();
+  if (options.eci != 0 && !symbology->family.eci) throw Error(BC_E_NOTSUPPORTED);
   return *symbology;
 }
 
@@ -27,10 +27,10 @@ Symbol EncodePart(const Options& options, Data part) {
 
   Symbol symbol;
   symbol.type = symbology.type;
-  symbol.geometry = symbology.geometry;
-  symbol.elements = symbology.elements;
+  symbol.geometry = symbology.family.geometry;
+  symbol.elements = symbology.family.elements;
   symbol.checkDigits = std::move(prepared.checkDigits);
-  symbology.encoder({options, symbology, prepared.data}, symbol);
+  symbology.encoder({options, symbology, prepared.data, prepared.given}, symbol);
   return symbol;
 }
 

@@ -10,7 +10,8 @@ namespace Library {
 struct EncoderInput {
   const Options& options;
   const Symbology& symbology;
-  const Data& data;  // of the symbology's characters and length, check digits included
+  const Data& data;   // of the symbology's characters and length, check digits included
+  const Data& given;  // before the normalizer, empty where the symbology has none
 };
 
 void EncodeCode128(const EncoderInput& input, Symbol& symbol);

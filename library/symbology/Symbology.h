@@ -4,6 +4,7 @@
 
 #include "library/prepare/CharacterSet.h"
 #include "library/prepare/CheckDigits.h"
+#include "library/prepare/PreparedData.h"
 #include "library/symbology/Symbol.h"
 
 #include <string_view>
@@ -12,10 +13,15 @@ namespace Library {
 
 struct EncoderInput;
 struct Options;
+struct StructuredAppend;
 
 // Encodes prepared data: fills the rows, width, guards and texts of a symbol whose type, geometry
 // and element rule are set already. Throws Error.
 using Encoder = void (*)(const EncoderInput& input, Symbol& symbol);
+
+// Turns data as people write them (with prefixes, hyphens, blanks) into the characters that are
+// checked and encoded; each keeps its source. Throws Error.
+using Normalizer = void (*)(Data& data, const Options& options);
 
 // The least height of a linear symbol that the layout may give it.
 enum class MinimalHeight {
@@ -24,32 +30,53 @@ enum class MinimalHeight {
   kGeneral,    // 5 mm
 };
 
+// Heights that options set for the rows of a symbol, 1/1000 mm; -1: not set.
+struct SetHeights {
+  std::int32_t row = -1, separator = -1;
+};
+
+// What the types of one kind share.
+struct Family {
+  Geometry geometry;
+  ElementRule elements = ElementRule::kNoRatio;
+  MinimalHeight minimalHeight = MinimalHeight::kNone;
+  bool textShown = false;  // by default
+  double rowHeight = 0;    // X, of a row of a stacked symbol when none is set; 0: not stacked
+
+  bool functionCharacters = false;                     // FNC1 to FNC4 can be encoded
+  bool codeSets = false;                               // A, B, C of a format string switch the set
+  bool eci = false;                                    // an ECI number can be encoded in front
+  bool (*takesGs1)(const Options& options) = nullptr;  // the data are element strings; null: never
+  SetHeights (*setHeights)(const Options& options) = nullptr;  // null: no option sets them
+  const StructuredAppend* append = nullptr;                    // null: the symbology has none
+};
+
+// A clear zone round a symbol in X.
+struct QuietZone {
+  double left = 0, right = 0, top = 0, bottom = 0;
+};
+
 struct Symbology {
   int type;
   std::string_view name;
-  Encoder encoder;
-  Geometry geometry;
-  ElementRule elements;
+  const Family& family;
+  Encoder encoder;       // null: a known symbology that is not supported
+  Normalizer normalize;  // null: data are taken as they are
 
-  // Data as encoded, after escapes and format string. A check digit that is the last place of the
-  // data counts: an EAN-13 takes 12 or 13.
+  // Data as encoded, after escapes, format string and normalizer. A check digit that is the last
+  // place of the data counts: an EAN-13 takes 12 or 13.
   const CharacterSet& characters;
   int minLength, maxLength;
-  int fixedLength;                           // with check digits, 0: no fixed length
-  bool functionCharacters;                   // FNC1 to FNC4 can be encoded
-  bool codeSets;                             // A, B, C of a format string switch the code set
-  bool (*takesGs1)(const Options& options);  // the data are element strings; null: never
+  int fixedLength;  // with check digits, 0: no fixed length
 
   CheckRule check;
 
-  bool textShown;    // by default
-  int nominalX;      // 1/1000 mm
-  double rowHeight;  // X, of a row of a stacked symbol when none is set; 0: not stacked
-  MinimalHeight minimalHeight;
+  int nominalX;         // 1/1000 mm
+  QuietZone quietZone;  // that the standard asks for
 };
 
 inline bool TakesGs1(const Symbology& symbology, const Options& options) {
-  return symbology.takesGs1 != nullptr && symbology.takesGs1(options);
+  return symbology.family.takesGs1 != nullptr && symbology.family.takesGs1(options);
 }
 
 // Null: no such type.

@@ -52,7 +52,7 @@ Refusal RefusedBy(const std::function<void()>& action) {
   try {
     action();
   } catch (const Error& error) {
-    return {error.code, error.position};
+    return {error.code, error.position.value};
   }
   return {};
 }

@@ -85,6 +85,6 @@ Refusal RefusalOf(const Library::Options& options) {
     Library::Encode(options);
     return {};
   } catch (const Library::Error& error) {
-    return {error.code, error.position};
+    return {error.code, error.position.value};
   }
 }
