@@ -63,6 +63,10 @@ BCResult PassModuleWidth(S& settings, BCBarcode* handle) {
   return BCSetModWidthA(handle, text.c_str());
 }
 
+BCResult PassEci(S& settings, BCBarcode* handle) {
+  return BCSetECI != nullptr ? BCSetECI(handle, settings.eci) : BC_E_NOTSUPPORTED;
+}
+
 bool HasQuietZone(const S& settings) {
   return settings.quietzoneh > 0 || settings.quietzonev > 0;
 }
@@ -133,6 +137,8 @@ constexpr Setter kSetters[] = {
      "Couldn't set autocorrection."},
     {IsNotMinusOne<&S::translation>,  PassSwitch<BCSetTranslateEsc, &S::translation>,
      "Couldn't set translation of escape sequences."},
+    {IsNonZero<&S::eci>,              PassEci,
+     "Couldn't set ECI number to ", &S::eci},
     {[](const S& s) { return s.guardline > 0 || s.bearerwidth > 0; }, PassBearerBarWidth,
      "Couldn't set bearer bar width."},
     {IsNonZero<&S::bearertype>,       Pass<BCSetBearerBarType, &S::bearertype>,

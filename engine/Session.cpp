@@ -21,9 +21,13 @@ std::string Hexadecimal(std::uint32_t number) {
   return {digits, std::to_chars(digits, digits + sizeof digits, number, 16).ptr};
 }
 
-std::string LibraryText(ResultCode code) {
+std::string LibraryText(BCBarcode* handle, ResultCode code) {
   char buffer[kErrorTextSize + 1] = {};
-  BCGetErrorTextA(code, buffer, kErrorTextSize);
+  if (BCGetObjectErrorTextA != nullptr) {
+    BCGetObjectErrorTextA(handle, code, buffer, kErrorTextSize);
+  } else {
+    BCGetErrorTextA(code, buffer, kErrorTextSize);
+  }
   buffer[kErrorTextSize] = '\0';
   return buffer;
 }
@@ -90,7 +94,7 @@ std::string GetErrorMessage(BCBarcode* handle, ResultCode code) {
 }
 
 std::string GetErrorDetails(BCBarcode* handle, ResultCode code) {
-  const std::string text = LibraryText(code);
+  const std::string text = LibraryText(handle, code);
   if (BCGet2DCompositeComponent(handle) == 0) return text + Detail(handle, code);
 
   if (BCGet_CompSym_ErrorInCC(handle) == 0) {

@@ -36,6 +36,16 @@ Diag::ResultCode ChooseDefaultSet(B& settings, const Option<B>& option, Given gi
   return Diag::kSuccess;
 }
 
+// 0 is none; 1 and 2 are no numbers of today's standard.
+Diag::ResultCode ChooseEci(B& settings, const Option<B>& option, Given given) {
+  const int number = TextToInteger(given.value);
+  if (!option.range.holds(number) || number == 1 || number == 2) {
+    return RefuseValue(settings, option.refusal, given.value);
+  }
+  settings.eci = number;
+  return Diag::kSuccess;
+}
+
 // The letter h hides the text too, but only behind the letter t: "-th".
 Diag::ResultCode PlaceText(B& settings, const Option<B>& option, Given given) {
   std::string word(given.value);
@@ -68,6 +78,7 @@ constexpr Option<B> kOptions[] = {
      kOnOff},
     {"translation", "e", kKeyword, &B::translation, "Translation must be set to 'on' or 'off'.", {},
      kOnOff},
+    {"eci", "", kValueAction, &ChooseEci, "Invalid ECI number: ", {0, 999999}},
     {"guardline", "", kReal, &B::guardline, "Invalid guardline width: "},
     {"bearerwidth", "", kReal, &B::bearerwidth, "Invalid bearer bar width: "},
     {"bearertype", "", kKeyword, &B::bearertype,

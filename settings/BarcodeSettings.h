@@ -55,6 +55,7 @@ class BarcodeSettings : public Settings {
   int barcode = 20;  // the library's type number, never 0; 20 is Code 128
   int checkdigit = 1;
   int autocorrect = -1;
+  int eci = 0;  // Extended Channel Interpretation, 0: none
   int translation = 1;
   double guardline = 0.0;    // deprecated form of the bearer bar width; 0: none
   double bearerwidth = 0.0;  // 0: none

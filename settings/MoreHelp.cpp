@@ -23,6 +23,10 @@ constexpr Entry kEntries[] = {
                        "\"bcfile\": \"allow\" (default) or \"deny\". They read regular files only "
                        "in any case."},
     {"morehelp", "Shows this list."},
+    {"", "Further options of a barcode:"},
+    {"--eci=NUMBER", "Extended Channel Interpretation: which character set the data are in, for "
+                     "readers that ask: 26 for UTF-8, 3 for Latin-1; 0 (default) says nothing. "
+                     "QR Code, Data Matrix, Aztec, PDF417, MaxiCode and some more."},
     {"", "Alone on the command line, without a configuration file:"},
     {"--help, -h", "Show the usage text, as the key \"help\" does."},
     {"--version", "Shows the version."},

@@ -123,6 +123,19 @@ BCResult BCSetPCLMode(BCBarcode* b, int mode);              /* 0 PCL5 with HP-GL
 BCResult BCSet2DCompositeComponent(BCBarcode* b, int type); /* 0 none, 1 auto, 2 A, 3 B, 4 C */
 BCResult BCSetRotation(BCBarcode* b, int quarterTurns);     /* 0..3, counter-clockwise */
 
+/* Additions, which another library of this soname may lack: ask before the call. */
+#ifdef VEXTORIN9_BUILD
+#define BC_ADDITION
+#else
+#define BC_ADDITION __attribute__((weak))
+#endif
+/* Extended Channel Interpretation of the data: 0 none, 3..999999. Types without it refuse it in
+   BCCreate with BC_E_NOTSUPPORTED. */
+BC_ADDITION BCResult BCSetECI(BCBarcode* b, int number);
+/* As BCGetErrorTextA, for the last error of this object; the text ends in a blank where the queries
+   of the object have something to append. */
+BC_ADDITION void BCGetObjectErrorTextA(BCBarcode* b, BCResult code, char* buffer, int size);
+
 /* PDF417 */
 BCResult BCSet_PDF417_Rows(BCBarcode* b, int rows);
 BCResult BCSet_PDF417_Columns(BCBarcode* b, int columns);

@@ -3,7 +3,7 @@
 namespace Library {
 namespace {
 
-// Texts that something may be appended to end in a blank.
+// Texts to which something may be appended end in a blank.
 constexpr struct {
   BCResult code;
   std::string_view text;
@@ -19,8 +19,6 @@ constexpr struct {
     {BC_E_MUSTFIT, "The barcode does not fit into the given rectangle"},
 };
 
-thread_local BCResult lastDetailed = BC_OK;  // code of the last failure if it has a detail
-
 std::string_view LongestText(BCResult code) {
   for (const auto& row : kErrorTexts) {
     if (row.code == code) return row.text;
@@ -30,20 +28,10 @@ std::string_view LongestText(BCResult code) {
 
 }  // namespace
 
-void NoteFailure(BCResult code, bool hasDetail) noexcept {
-  lastDetailed = hasDetail ? code : BC_OK;
-}
-
-std::string_view ErrorText(BCResult code) {
+std::string_view ErrorText(BCResult code, bool hasDetail) {
   std::string_view text = LongestText(code);
-  if (text.ends_with(' ') && code != lastDetailed) text.remove_suffix(1);
+  if (text.ends_with(' ') && !hasDetail) text.remove_suffix(1);
   return text;
 }
 
 }  // namespace Library
-
-void BCGetErrorTextA(BCResult code, char* buffer, int size) {
-  if (!buffer || size < 0) return;
-  const std::string_view text = Library::ErrorText(code);
-  buffer[text.copy(buffer, static_cast<std::size_t>(size))] = '\0';
-}

@@ -99,6 +99,13 @@ BCResult BCSetAutoCorrect(BCBarcode* b, int on) {
 BCResult BCSetTranslateEsc(BCBarcode* b, int on) {
   return Set(b, &Options::translateEscapes, on, Switch{});
 }
+BCResult BCSetECI(BCBarcode* b, int number) {
+  return Set(b, &Options::eci, number, [](int value, int) {
+    constexpr int kFirst = 3, kLast = 999999;
+    if (value != 0) InRange{kFirst, kLast}(value, 0);
+    return value;
+  });
+}
 BCResult BCSetBearerBarType(BCBarcode* b, int type) {
   return Set(b, &Options::bearerBarType, type, InRange{0, 4});
 }

@@ -40,13 +40,13 @@ Error CurrentError() noexcept {
   }
 }
 
-// Whether the queries of the object can say more about its last error than the code does: which
+// Whether the queries of the object can say more about its last error than `code` does: which
 // character is invalid, how many there may be.
-bool HasDetail(const BCBarcode& barcode) {
+bool HasDetail(const BCBarcode& barcode, BCResult code) {
   const Error& error = barcode.lastError;
-  if (error.code == BC_E_DATATOOLONG) return MaxDataLength(barcode.options.type) > 0;
+  if (code == BC_E_DATATOOLONG) return MaxDataLength(barcode.options.type) > 0;
   const std::size_t shown = std::strlen(barcode.options.data.c_str());
-  return error.code == BC_E_INVALIDDATA && error.position.known() &&
+  return code == BC_E_INVALIDDATA && error.position.known() &&
          static_cast<std::size_t>(error.position.value) < shown;
 }
 
@@ -59,7 +59,6 @@ BCBarcode::Grid& EncodedGrid(BCBarcode& barcode) {
 
 BCResult Fail(BCBarcode& barcode) noexcept {
   barcode.lastError = CurrentError();
-  NoteFailure(barcode.lastError.code, HasDetail(barcode));
   return barcode.lastError.code;
 }
 
@@ -118,6 +117,14 @@ const char* BCGetTextA(BCBarcode* b) {
 
 int BCGetInvalidDataPos(BCBarcode* b) {
   return b ? b->lastError.position.value : -1;
+}
+
+void BCGetErrorTextA(BCResult code, char* buffer, int size) {
+  if (buffer && size >= 0) CopyText(ErrorText(code, false), buffer, size + 1);
+}
+
+void BCGetObjectErrorTextA(BCBarcode* b, BCResult code, char* buffer, int size) {
+  if (buffer && size >= 0) CopyText(ErrorText(code, b && HasDetail(*b, code)), buffer, size + 1);
 }
 
 int BCGetCountRows(BCBarcode* b) {

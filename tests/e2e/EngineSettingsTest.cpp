@@ -44,6 +44,7 @@ const Group kGroups[] = {
       {"checkdigit=3", "CDMethod 3", "checkdigit method to 3", "1"},
       {"autocorrect=on", "AutoCorrect 1", "autocorrection"},
       {"translation=off", "TranslateEsc 0", "translation of escape sequences", "1"},
+      {"eci=26", "ECI 26", "ECI number to 26"},
       {"bearerwidth=0.5", "BearerBarWidth 500", "bearer bar width"},
       {"bearertype=top", "BearerBarType 3", "bearer bar type"},
       {"notchheight=1.25", "NotchHeight 1250", "notch height"},

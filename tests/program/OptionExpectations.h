@@ -105,6 +105,8 @@ inline std::vector<Expectation<Settings::BarcodeSettings>> ExpectedBarcodeOption
        Words("NONE>0|deflate>1|GZIP>2|zlib>3")},
       {"autocorrect", &B::autocorrect, "Autocorrect must be set to 'on' or 'off'.", kOnOff},
       {"translation e", &B::translation, "Translation must be set to 'on' or 'off'.", kOnOff},
+      {"eci", &B::eci,
+       "Invalid ECI number: ", Values("0>0|3>3|26>26|999999>999999", "1|2|-1|1000000")},
       {"guardline", &B::guardline, "Invalid guardline width: ", kReal},
       {"bearerwidth", &B::bearerwidth, "Invalid bearer bar width: ", kReal},
       {"bearertype", &B::bearertype,

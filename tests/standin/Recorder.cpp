@@ -209,7 +209,7 @@ BCResult Output(BCResult code, char* buffer, std::uint32_t* size) {
 extern "C" {
 
 CALL(BCCreate, (BCBarcode * b))
-FOR_EACH(SET_NUMBER, BCSetCompression, BCSetCDMethod, BCSetAutoCorrect, BCSetTranslateEsc,
+FOR_EACH(SET_NUMBER, BCSetCompression, BCSetCDMethod, BCSetAutoCorrect, BCSetTranslateEsc, BCSetECI,
          BCSetBearerBarType, BCSetBearerBarWidth, BCSetNotchHeight, BCSetOptResolution,
          BCSetMustFit, BCSetDecoder, BCSetSizeMode, BCSetTextAlignment, BCSetFontHeight,
          BCSetTextDist, BCSetColorMode, BCSetBkMode, BCSetPCLMode, BCSet2DCompositeComponent,
