@@ -22,8 +22,13 @@ constexpr double kMinimalDots = 2;
 // called 203 dpi have 8 dots per millimetre.
 constexpr double kDotSlack = 0.02;
 
-constexpr double kDefaultPoints = 10, kNarrowPoints = 8;
+// Font sizes where none is set, in points: for the first try, and for the lowest and the highest
+// bars that count.
+constexpr double kDefaultPoints = 10, kSmallPoints = 8, kLargePoints = 18;
+constexpr double kLowBars = 10 * kMillimetre, kHighBars = 50 * kMillimetre;
 constexpr double kNarrow = 30 * kMillimetre;
+// EAN and UPC digits in 10 points go with this X (ISO/IEC 15420).
+constexpr double kNominalEanModule = 330;
 
 class Sizer {
  public:
@@ -139,6 +144,15 @@ Measures Sizer::measure() const {
   return m;
 }
 
+// The text grows with the symbol that it stands under.
+double DefaultPoints(const Symbol& symbol, const Measures& m) {
+  if (m.text.hasDigits) return kDefaultPoints * m.module / kNominalEanModule;
+  if (m.right - m.left < kNarrow) return kSmallPoints;
+  if (symbol.geometry != Geometry::kLinear) return kDefaultPoints;
+  const double share = (m.top - m.bottom - kLowBars) / (kHighBars - kLowBars);
+  return std::round(kSmallPoints + std::clamp(share, 0.0, 1.0) * (kLargePoints - kSmallPoints));
+}
+
 }  // namespace
 
 SizeMode SizeModeOf(const Options& options) {
@@ -148,8 +162,8 @@ SizeMode SizeModeOf(const Options& options) {
 
 Measures Measure(const Symbol& symbol, const Options& options, const Box& box) {
   const Measures m = Sizer(symbol, options, box, kDefaultPoints).measure();
-  if (!m.text.shown || m.right - m.left >= kNarrow) return m;
-  return Sizer(symbol, options, box, kNarrowPoints).measure();
+  if (!m.text.shown || options.fontHeight > 0) return m;
+  return Sizer(symbol, options, box, DefaultPoints(symbol, m)).measure();
 }
 
 }  // namespace Library

@@ -24,6 +24,9 @@ class TextPlacer {
 
  private:
   bool isLine(const SymbolText& text) const { return text.place == SymbolText::Place::kLine; }
+  bool isSmall(const SymbolText& text) const {
+    return text.place == SymbolText::Place::kSmallDigit;
+  }
   double left(const SymbolText& text) const { return m.left + columns.at(text.from) * m.module; }
   double room(const SymbolText& text) const {
     return (columns.at(text.to) - columns.at(text.from)) * m.module;
@@ -79,18 +82,19 @@ double TextPlacer::x(const SymbolText& text, double width) const {
 void TextPlacer::draw(const Placement& placement, Drawing& drawing) const {
   double digits = 1;
   for (const SymbolText& text : symbol.texts) {
-    if (!isLine(text)) digits = std::min(digits, shrink(text));
+    if (!isLine(text) && !isSmall(text)) digits = std::min(digits, shrink(text));
   }
   for (const SymbolText& text : symbol.texts) {
     if (text.text.empty()) continue;
-    const double size = m.text.size * (isLine(text) ? shrink(text) : digits);
+    const double line = m.text.size * (isLine(text) ? shrink(text) : digits);
+    const double size = isSmall(text) ? std::min(line, m.text.size * shrink(text)) : line;
     const double gap = spacing(text, size);
     const double width =
         m.text.font.textWidth(text.text, size) + gap * (static_cast<double>(text.text.size()) - 1);
     drawing.texts.push_back({.text = text.text,
                              .font = m.text.font.name,
                              .size = placement.length(size),
-                             .anchor = placement.point(x(text, width), baseline(text, size)),
+                             .anchor = placement.point(x(text, width), baseline(text, line)),
                              .width = placement.length(width),
                              .spacing = placement.length(gap),
                              .rotation = placement.quarterTurns()});

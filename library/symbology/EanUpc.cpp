@@ -49,6 +49,14 @@ void Draw(std::string_view left, std::string_view sets, std::string_view right, 
   std::move(row).finish(symbol);
 }
 
+// The first and the last digit of a UPC stand 5 modules off the guards and are 4 wide at most (GS1
+// General Specifications 5.2.5).
+constexpr int kSmallFirst = -9, kSmallLast = -5;
+
+void AddSmallDigit(Symbol& symbol, std::string_view digit, int from, int to) {
+  symbol.texts.push_back({std::string(digit), from, to, SymbolText::Place::kSmallDigit});
+}
+
 void AddText(Symbol& symbol, std::string_view text, int from, int to) {
   symbol.texts.push_back({std::string(text), from, to, SymbolText::Place::kBetweenGuards});
 }
@@ -86,9 +94,9 @@ void EncodeUpcA(const EncoderInput& input, Symbol& symbol) {
   // themselves stand outside.
   symbol.guards[0].to += kDigitWidth;
   symbol.guards[2].from -= kDigitWidth;
-  AddText(symbol, left.substr(0, 1), kOutsideFirst, kOutsideLast);
+  AddSmallDigit(symbol, left.substr(0, 1), kSmallFirst, kSmallLast);
   AddHalvesText(symbol, left.substr(1), right.substr(0, 5));
-  AddText(symbol, right.substr(5), symbol.width - kOutsideLast, symbol.width - kOutsideFirst);
+  AddSmallDigit(symbol, right.substr(5), symbol.width - kSmallLast, symbol.width - kSmallFirst);
 }
 
 }  // namespace Library

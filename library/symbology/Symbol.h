@@ -33,7 +33,12 @@ struct SymbolRow {
 // A piece of human-readable text and the modules that it belongs to. [from, to) may reach outside
 // 0..width: an EAN-13's first digit stands left of the bars.
 struct SymbolText {
-  enum class Place { kLine, kBetweenGuards, kAboveAddOn };
+  enum class Place {
+    kLine,
+    kBetweenGuards,
+    kSmallDigit,  // beside the bars on the line of the digits between the guards, as wide as fits
+    kAboveAddOn
+  };
   std::string text;  // Latin-1, printable
   int from = 0, to = 0;
   Place place = Place::kLine;

@@ -282,19 +282,22 @@ TEST(HumanReadableText, StandsOffTheBarsInItsSize) {
   const struct {
     const char* name;
     Change change;
-    double boxWidth;
+    double boxWidth, boxHeight;
     int size, distance;
   } kRows[] = {
-      {"10 pt", {}, 40, 3528, 500},
-      {"8 pt on narrow symbols", {}, 29, 2822, 500},
-      {"distance set", [](Options& o) { o.textDistance = 1500; }, 40, 3528, 1500},
-      {"above", [](Options& o) { o.printText = 1, o.textAbove = true; }, 40, 3528, 500},
+      {"10 pt", {}, 40, 20, 3528, 500},
+      {"8 pt on narrow symbols", {}, 29, 60, 2822, 500},
+      {"8 pt under low bars", {}, 40, 12, 2822, 500},
+      {"18 pt under the highest", {}, 150, 60, 6350, 500},
+      {"size set", [](Options& o) { o.fontHeight = 9; }, 150, 60, 3175, 500},
+      {"distance set", [](Options& o) { o.textDistance = 1500; }, 40, 22, 3528, 1500},
+      {"above", [](Options& o) { o.printText = 1, o.textAbove = true; }, 40, 20, 3528, 500},
   };
   for (const auto& row : kRows) {
     SCOPED_TRACE(row.name);
     const Options options = With(row.change);
-    const Drawing drawing =
-        LayOut(WithLine(HundredModules(), "Text"), options, RectangleOf(row.boxWidth, 20));
+    const Drawing drawing = LayOut(WithLine(HundredModules(), "Text"), options,
+                                   RectangleOf(row.boxWidth, row.boxHeight));
     const TextRun& text = drawing.texts.at(0);
     EXPECT_EQ(text.size, row.size);
     const int low = text.anchor.y - text.size * 22 / 100,
@@ -302,7 +305,7 @@ TEST(HumanReadableText, StandsOffTheBarsInItsSize) {
     const Rectangle& bar = drawing.rectangles[0];
     EXPECT_NEAR(options.textAbove ? low - bar.top : bar.bottom - high, row.distance, 2);
     EXPECT_NEAR(options.textAbove ? bar.bottom : low, 0, 2);
-    EXPECT_NEAR(options.textAbove ? high : bar.top, 20000, 2);
+    EXPECT_NEAR(options.textAbove ? high : bar.top, row.boxHeight * 1000, 2);
   }
 }
 
@@ -334,6 +337,26 @@ TEST(HumanReadableText, OfRetailSymbolsStandsBetweenLongerGuards) {
     const TextRun& text = drawing.texts.at(i);
     EXPECT_GE(text.anchor.x, from[i] * module) << text.text;
     EXPECT_LE(text.anchor.x + text.width, to[i] * module) << text.text;
+    EXPECT_NEAR(text.size, 3528, 2);
+  }
+}
+
+TEST(HumanReadableText, OfRetailSymbolsGrowsWithTheModule) {
+  Options options;
+  options.type = 34;
+  options.data = "012345678905";
+  for (const double module : {264, 330, 660}) {
+    const Drawing drawing = LayOut(Encode(options), options, RectangleOf(113 * module / 1000, 50));
+    ASSERT_EQ(drawing.texts.size(), 4u);
+    for (const TextRun& text : drawing.texts) {
+      SCOPED_TRACE(text.text);
+      EXPECT_EQ(text.anchor.y, drawing.texts[0].anchor.y);
+      const bool small = text.text.size() == 1;
+      EXPECT_NEAR(small ? text.width : text.size, small ? 4 * module : 3528 * module / 330, 5);
+    }
+    const int right = drawing.texts[0].anchor.x + drawing.texts[0].width;
+    const auto first = std::ranges::min(drawing.rectangles, {}, &Rectangle::left);
+    EXPECT_NEAR(first.left - right, 5 * module, 5);
   }
 }
 
