@@ -10,6 +10,12 @@
 #include <string>
 #include <vector>
 
+namespace Library {
+
+enum class Language { kPostScript, kEps, kPdf, kPdfFragment };
+
+}  // namespace Library
+
 struct BCBarcode {
   // One message in several symbols. The layout query needs them as BCCreate does; they are encoded
   // once, for whichever comes first.
@@ -21,8 +27,8 @@ struct BCBarcode {
   // Output that found too small a buffer: callers ask again with a larger one.
   struct KeptOutput {
     BCRect rect;
-    bool overhead;
-    std::string text;
+    Library::Language language;
+    std::string bytes;
   };
 
   Library::Options options;

@@ -3,6 +3,7 @@
 #include "library/grid/GridLayout.h"
 #include "library/layout/Layout.h"
 #include "library/layout/Units.h"
+#include "library/writer/PdfWriter.h"
 #include "library/writer/PostScriptWriter.h"
 
 #include <algorithm>
@@ -47,13 +48,45 @@ bool SameRectangle(const BCRect& a, const BCRect& b) {
   return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
 }
 
-std::string PostScriptIn(BCBarcode& barcode, const BCRect& rect, bool overhead) {
+std::string Written(const BCBarcode& barcode, const BCRect& rect, Language language) {
+  const Drawing drawing = DrawingIn(barcode, rect);
+  switch (language) {
+    case Language::kPostScript:
+      return PostScriptWriter(false).write(drawing);
+    case Language::kEps:
+      return PostScriptWriter(true).write(drawing);
+    case Language::kPdf:
+      return PdfWriter(std::max(rect.left, rect.right), std::max(rect.top, rect.bottom))
+          .write(drawing);
+    case Language::kPdfFragment:
+      return PdfFragmentWriter().write(drawing);
+  }
+  throw Error(BC_E_NOTSUPPORTED);
+}
+
+std::string OutputIn(BCBarcode& barcode, const BCRect& rect, Language language) {
   RequireCreated(barcode);
   std::optional<BCBarcode::KeptOutput> kept = std::exchange(barcode.kept, std::nullopt);
-  if (kept && kept->overhead == overhead && SameRectangle(kept->rect, rect)) {
-    return std::move(kept->text);
+  if (kept && kept->language == language && SameRectangle(kept->rect, rect)) {
+    return std::move(kept->bytes);
   }
-  return PostScriptWriter(overhead).write(DrawingIn(barcode, rect));
+  return Written(barcode, rect, language);
+}
+
+// With room left behind the output also a terminator.
+BCResult Output(BCBarcode* b, char* buffer, uint32_t* size, const BCRect* rect, Language language) {
+  return Guarded(b, [&](BCBarcode& barcode) {
+    if (!buffer || !size || !rect) Reject();
+    std::string bytes = OutputIn(barcode, *rect, language);
+    const uint32_t capacity = *size;
+    *size = static_cast<uint32_t>(bytes.size());
+    if (bytes.size() > capacity) {
+      barcode.kept = BCBarcode::KeptOutput{*rect, language, std::move(bytes)};
+      throw Error(BC_E_BUFFERTOOSMALL);
+    }
+    std::memcpy(buffer, bytes.data(), bytes.size());
+    if (bytes.size() < capacity) buffer[bytes.size()] = '\0';
+  });
 }
 
 BCResult NotSupported(BCBarcode* b, const char* buffer, const uint32_t* size, const BCRect* rect) {
@@ -107,21 +140,9 @@ BCResult BC_MultiBC_CalculateLayout(BCBarcode* b, void*, const BCRect* rect, int
   });
 }
 
-// With room left behind the text also a terminator.
 BCResult BCPostscriptToMemoryExt(BCBarcode* b, char* buffer, uint32_t* size, const BCRect* rect,
                                  int overhead) {
-  return Guarded(b, [&](BCBarcode& barcode) {
-    if (!buffer || !size || !rect) Reject();
-    std::string text = PostScriptIn(barcode, *rect, overhead != 0);
-    const uint32_t capacity = *size;
-    *size = static_cast<uint32_t>(text.size());
-    if (text.size() > capacity) {
-      barcode.kept = BCBarcode::KeptOutput{*rect, overhead != 0, std::move(text)};
-      throw Error(BC_E_BUFFERTOOSMALL);
-    }
-    std::memcpy(buffer, text.data(), text.size());
-    if (text.size() < capacity) buffer[text.size()] = '\0';
-  });
+  return Output(b, buffer, size, rect, overhead != 0 ? Language::kEps : Language::kPostScript);
 }
 
 BCResult BCPCLToMemoryExt(BCBarcode* b, char* buffer, uint32_t* size, const BCRect* rect, int) {
@@ -129,11 +150,11 @@ BCResult BCPCLToMemoryExt(BCBarcode* b, char* buffer, uint32_t* size, const BCRe
 }
 
 BCResult BCPDFToMemory(BCBarcode* b, char* buffer, uint32_t* size, const BCRect* rect) {
-  return NotSupported(b, buffer, size, rect);
+  return Output(b, buffer, size, rect, Language::kPdf);
 }
 
 BCResult BCPDFFragmentToMemory(BCBarcode* b, char* buffer, uint32_t* size, const BCRect* rect) {
-  return NotSupported(b, buffer, size, rect);
+  return Output(b, buffer, size, rect, Language::kPdfFragment);
 }
 
 BCResult BCBitmapToMemoryA(BCBarcode* b, char* buffer, const char*, uint32_t* size,

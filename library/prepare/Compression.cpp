@@ -4,6 +4,7 @@
 #include "library/LoadedLibrary.h"
 #include "library/prepare/Escapes.h"
 
+#define ZLIB_CONST
 #include <zlib.h>
 
 #include <limits>
@@ -15,17 +16,17 @@ namespace {
     R"([{"soname":[")" VEXTORIN_ZLIB_SONAME R"("],"priority":"required",)"
     R"("description":"compressed data"}])");
 
-struct Zlib {
+struct ZlibFunctions {
   decltype(&deflateInit2_) begin;
   decltype(&deflate) run;
   decltype(&deflateEnd) end;
 };
 
-Zlib LoadZlib() {
+ZlibFunctions LoadZlib() {
   const LoadedLibrary library(VEXTORIN_ZLIB_SONAME);
-  return {library.find<decltype(Zlib::begin)>("deflateInit2_"),
-          library.find<decltype(Zlib::run)>("deflate"),
-          library.find<decltype(Zlib::end)>("deflateEnd")};
+  return {library.find<decltype(ZlibFunctions::begin)>("deflateInit2_"),
+          library.find<decltype(ZlibFunctions::run)>("deflate"),
+          library.find<decltype(ZlibFunctions::end)>("deflateEnd")};
 }
 
 // zlib's window bits: negative for raw deflate, 16 more for a gzip wrapper, whose header zlib
@@ -61,25 +62,31 @@ class Deflater {
   z_stream stream{};
 
  private:
-  const Zlib zlib = LoadZlib();
+  const ZlibFunctions zlib = LoadZlib();
 };
 
-}  // namespace
-
-Data Compress(const Data& data, int algorithm) {
-  std::string bytes = Bytes(data);
+std::string Packed(std::string_view bytes, int algorithm) {
   if (bytes.size() > std::numeric_limits<int>::max()) throw Error(BC_E_DATATOOLONG);
   Deflater deflater(WindowBits(algorithm));
   // The longest is nine bits to a byte, with the wrapper; deflateBound falls short of it.
   std::string packed(bytes.size() + bytes.size() / 8 + 64, '\0');
-  deflater.stream.next_in = reinterpret_cast<Bytef*>(bytes.data());
+  deflater.stream.next_in = reinterpret_cast<const Bytef*>(bytes.data());
   deflater.stream.avail_in = static_cast<uInt>(bytes.size());
   deflater.stream.next_out = reinterpret_cast<Bytef*>(packed.data());
   deflater.stream.avail_out = static_cast<uInt>(packed.size());
   if (!deflater.finish()) throw Error(BC_E_OUTOFMEMORY);
   packed.resize(deflater.stream.total_out);
+  return packed;
+}
 
-  Data result = RawData(packed);
+}  // namespace
+
+std::string Zlib(std::string_view bytes) {
+  return Packed(bytes, 3);
+}
+
+Data Compress(const Data& data, int algorithm) {
+  Data result = RawData(Packed(Bytes(data), algorithm));
   for (DataCharacter& character : result) character.source = -1;
   return result;
 }

@@ -1,25 +1,12 @@
 #include "library/writer/PostScriptText.h"
 
 #include "library/layout/Font.h"
+#include "library/writer/Hex.h"
 
 #include <algorithm>
 
 namespace Library {
 namespace {
-
-constexpr std::size_t kHexBytesInLine = 100;
-
-std::string Hex(std::string_view bytes) {
-  constexpr std::string_view kDigits = "0123456789ABCDEF";
-  std::string hex = "<";
-  for (std::size_t i = 0; i < bytes.size(); ++i) {
-    const auto byte = static_cast<unsigned char>(bytes[i]);
-    if (i > 0 && i % kHexBytesInLine == 0) hex += '\n';
-    hex += kDigits[byte >> 4];
-    hex += kDigits[byte & 15];
-  }
-  return hex + ">";
-}
 
 // Fonts come with Adobe's standard encoding, which has the quote and the grave accent elsewhere and
 // no letters above 126.
