@@ -22,4 +22,9 @@ constexpr std::size_t kMaxGridModules = 5'000'000;
 // An encoder that finds the data too long has worked for every character as for so many modules.
 constexpr std::size_t kModulesPerCharacter = 10;
 
+// Pixels of a bitmap: 400 mm x 400 mm at 600 dpi. GIF and JPEG count a side in 16 bits.
+// BC_E_DATATOOLONG.
+constexpr std::size_t kMaxBitmapPixels = 100'000'000;
+constexpr int kMaxBitmapSide = 65'000;
+
 }  // namespace Library

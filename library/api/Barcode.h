@@ -12,7 +12,7 @@
 
 namespace Library {
 
-enum class Language { kPostScript, kEps, kPdf, kPdfFragment };
+enum class Language { kPostScript, kEps, kPdf, kPdfFragment, kBmp, kGif, kJpeg, kPng, kTiff };
 
 }  // namespace Library
 

@@ -1,5 +1,6 @@
 // Size queries and output.
 #include "library/api/Setters.h"
+#include "library/bitmap/Formats.h"
 #include "library/grid/GridLayout.h"
 #include "library/layout/Layout.h"
 #include "library/layout/Units.h"
@@ -7,6 +8,7 @@
 #include "library/writer/PostScriptWriter.h"
 
 #include <algorithm>
+#include <cctype>
 #include <cmath>
 #include <cstring>
 #include <limits>
@@ -36,9 +38,8 @@ Box SizeIn(const BCBarcode& barcode, const BCRect& rect) {
 }
 
 // A grid has the rows and columns that the layout query found; a grid that has grown keeps them.
-Drawing DrawingIn(const BCBarcode& barcode, const BCRect& rect) {
+Drawing DrawingIn(const BCBarcode& barcode, const Options& options, const BCRect& rect) {
   RequireCreated(barcode);
-  const Options& options = barcode.options;
   if (!options.grid.enabled) return LayOut(*barcode.symbol, options, rect);
   const auto& [symbols, shape] = *barcode.grid;
   return LayOutGrid(symbols, options, shape ? *shape : PlanFor(barcode, rect).shape, rect);
@@ -48,18 +49,40 @@ bool SameRectangle(const BCRect& a, const BCRect& b) {
   return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
 }
 
+// Modules of a bitmap are whole pixels, whatever the switch for that says.
+Bitmap BitmapIn(const BCBarcode& barcode, const BCRect& rect) {
+  constexpr double kLeastDpi = 50, kMostDpi = 2400;
+  Options options = barcode.options;
+  const auto [least, most] = std::minmax(options.dpiX, options.dpiY);
+  if (least < kLeastDpi || most > kMostDpi) Reject();
+  options.optimalResolution = true;
+  const Rectangle window = {std::min(rect.left, rect.right), std::min(rect.top, rect.bottom),
+                            std::max(rect.left, rect.right), std::max(rect.top, rect.bottom)};
+  return Rasterized(DrawingIn(barcode, options, rect), window, options.dpiX, options.dpiY);
+}
+
 std::string Written(const BCBarcode& barcode, const BCRect& rect, Language language) {
-  const Drawing drawing = DrawingIn(barcode, rect);
+  const auto drawing = [&] { return DrawingIn(barcode, barcode.options, rect); };
   switch (language) {
     case Language::kPostScript:
-      return PostScriptWriter(false).write(drawing);
+      return PostScriptWriter(false).write(drawing());
     case Language::kEps:
-      return PostScriptWriter(true).write(drawing);
+      return PostScriptWriter(true).write(drawing());
     case Language::kPdf:
       return PdfWriter(std::max(rect.left, rect.right), std::max(rect.top, rect.bottom))
-          .write(drawing);
+          .write(drawing());
     case Language::kPdfFragment:
-      return PdfFragmentWriter().write(drawing);
+      return PdfFragmentWriter().write(drawing());
+    case Language::kBmp:
+      return WriteBmp(BitmapIn(barcode, rect));
+    case Language::kGif:
+      return WriteGif(BitmapIn(barcode, rect));
+    case Language::kJpeg:
+      return WriteJpeg(BitmapIn(barcode, rect));
+    case Language::kPng:
+      return WritePng(BitmapIn(barcode, rect));
+    case Language::kTiff:
+      return WriteTiff(BitmapIn(barcode, rect));
   }
   throw Error(BC_E_NOTSUPPORTED);
 }
@@ -87,6 +110,19 @@ BCResult Output(BCBarcode* b, char* buffer, uint32_t* size, const BCRect* rect, 
     std::memcpy(buffer, bytes.data(), bytes.size());
     if (bytes.size() < capacity) buffer[bytes.size()] = '\0';
   });
+}
+
+// Nothing: no such format.
+std::optional<Language> BitmapLanguage(std::string_view name) {
+  constexpr std::pair<std::string_view, Language> kNames[] = {
+      {"BMP", Language::kBmp},   {"GIF", Language::kGif}, {"JPG", Language::kJpeg},
+      {"JPEG", Language::kJpeg}, {"PNG", Language::kPng}, {"TIF", Language::kTiff},
+      {"TIFF", Language::kTiff}};
+  const auto same = [](char a, char b) { return std::toupper(static_cast<unsigned char>(a)) == b; };
+  for (const auto& [text, language] : kNames) {
+    if (std::ranges::equal(name, text, same)) return language;
+  }
+  return std::nullopt;
 }
 
 BCResult NotSupported(BCBarcode* b, const char* buffer, const uint32_t* size, const BCRect* rect) {
@@ -157,7 +193,9 @@ BCResult BCPDFFragmentToMemory(BCBarcode* b, char* buffer, uint32_t* size, const
   return Output(b, buffer, size, rect, Language::kPdfFragment);
 }
 
-BCResult BCBitmapToMemoryA(BCBarcode* b, char* buffer, const char*, uint32_t* size,
+BCResult BCBitmapToMemoryA(BCBarcode* b, char* buffer, const char* format, uint32_t* size,
                            const BCRect* rect) {
-  return NotSupported(b, buffer, size, rect);
+  const std::optional<Language> language = format ? BitmapLanguage(format) : std::nullopt;
+  if (language) return Output(b, buffer, size, rect, *language);
+  return Guarded(b, [](BCBarcode&) { Reject(); });
 }
