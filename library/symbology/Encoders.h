@@ -23,8 +23,14 @@ void EncodeEan13(const EncoderInput& input, Symbol& symbol);
 void EncodeUpcA(const EncoderInput& input, Symbol& symbol);
 void EncodePdf417(const EncoderInput& input, Symbol& symbol);
 void EncodeTruncatedPdf417(const EncoderInput& input, Symbol& symbol);
+void EncodeMicroPdf417(const EncoderInput& input, Symbol& symbol);
+void EncodeHibcPdf417(const EncoderInput& input, Symbol& symbol);
+void EncodeHibcMicroPdf417(const EncoderInput& input, Symbol& symbol);
 void EncodeQrCode(const EncoderInput& input, Symbol& symbol);
 void EncodeDataMatrix(const EncoderInput& input, Symbol& symbol);
 void EncodeAztec(const EncoderInput& input, Symbol& symbol);
+
+// What a HIBC symbol holds, drawn by the encoder of the symbology that carries it.
+void EncodeHibc(const EncoderInput& input, Encoder carrier, Symbol& symbol);
 
 }  // namespace Library

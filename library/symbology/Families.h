@@ -19,6 +19,9 @@ inline bool GsQrCode(const Options& options) {
 inline bool GsAztec(const Options& options) {
   return options.aztec.format == 1;
 }
+inline bool GsMicroPdf417(const Options& options) {
+  return options.pdf417.microMode == 1 || options.pdf417.microMode == 4;
+}
 inline bool GsCodablock(const Options& options) {
   return options.codablock.format == 1;
 }
@@ -102,8 +105,14 @@ constexpr Family kPdf417 = {.geometry = G::kStacked,
 constexpr Family kMicroPdf417 = {.geometry = G::kStacked,
                                  .rowHeight = 2,
                                  .eci = true,
+                                 .takesGs1 = GsMicroPdf417,
                                  .setHeights = Pdf417Heights,
                                  .append = &kPdf417Append};
+constexpr Family kHibcMicroPdf417 = {.geometry = G::kStacked,
+                                     .rowHeight = 2,
+                                     .eci = true,
+                                     .setHeights = Pdf417Heights,
+                                     .append = &kPdf417Append};
 
 // Matrix symbols.
 constexpr Family kMatrix = {.geometry = G::kMatrix};

@@ -6,7 +6,6 @@
 #include "library/symbology/Linear.h"
 
 #include <algorithm>
-#include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
@@ -19,7 +18,6 @@ constexpr double kSharedHeight = 0;  // the layout knows how high rows become
 constexpr int kMinRows = 3, kMaxRows = 90;
 constexpr int kMaxColumns = 30;
 constexpr int kMaxWords = 928;
-constexpr std::uint16_t kPadWord = 900;
 
 // "R:C", rows to columns; 0 when nothing is asked for.
 double RatioOf(const std::string& text) {
@@ -108,21 +106,25 @@ struct Content {
   int level;
 };
 
-Content ContentOf(const std::string& data, const Pdf417Options& options) {
+Content ContentOf(const std::string& data, const Options& settings) {
+  const Pdf417Options& options = settings.pdf417;
   const CodeWords block = Pdf417ControlBlock(options);
   Content content;
-  content.words = CompactPdf417(data, options.mode == 1 ? Compaction::kBytes : Compaction::kAny);
-  content.words.insert(content.words.begin(), 0);  // their number, itself included
+  content.words = {0};  // their number, itself included
+  Append(Pdf417Interpretation(settings.eci), content.words);
+  Append(CompactPdf417(data, options.mode == 1 ? Compaction::kBytes : Compaction::kAny),
+         content.words);
   const int used = static_cast<int>(content.words.size() + block.size());
   content.level = LevelFor(used, options);
   const int correction = Pdf417CorrectionWords(content.level);
   content.shape = ShapeFor(used + correction, options);
 
   const int length = content.shape.rows * content.shape.columns - correction;
-  content.words.insert(content.words.end(), static_cast<std::size_t>(length - used), kPadWord);
-  content.words.insert(content.words.end(), block.begin(), block.end());
+  content.words.insert(content.words.end(), static_cast<std::size_t>(length - used),
+                       kPdf417Padding);
+  Append(block, content.words);
   content.words[0] = static_cast<std::uint16_t>(length);
-  AppendPdf417Correction(content.words, content.level);
+  AppendPdf417Correction(content.words, correction);
   return content;
 }
 
@@ -157,19 +159,7 @@ class RowWriter {
     runs->insert(runs->end(), widths.begin(), widths.end());
   }
 
-  void appendWord(int word) {
-    const std::uint32_t modules = 0x10000u | std::uint32_t{kPdf417Patterns[cluster][word]} << 1;
-    // A mark on the last module of each run.
-    std::uint32_t ends = (modules ^ modules >> 1) & 0xFFFF;
-    ends = ends << 1 | 1;
-    int last = 17;
-    for (int run = 0; run < 8; ++run) {
-      const int at = std::bit_width(ends) - 1;
-      runs->push_back(last - at);
-      last = at;
-      ends &= ~(1u << at);
-    }
-  }
+  void appendWord(int word) { AppendPdf417Word(cluster, word, *runs); }
 
   // What rows tell of the symbol, each a third of it. The right side of a row is two clusters on.
   int indicator(int row, int turn) const {
@@ -186,7 +176,7 @@ class RowWriter {
 };
 
 void Encode(const EncoderInput& input, bool truncated, Symbol& symbol) {
-  const Content content = ContentOf(Bytes(input.data), input.options.pdf417);
+  const Content content = ContentOf(Bytes(input.data), input.options);
   symbol.width = 17 * content.shape.columns + (truncated ? 35 : 69);
   RowWriter writer(content, truncated);
   symbol.rows.reserve(static_cast<std::size_t>(content.shape.rows));

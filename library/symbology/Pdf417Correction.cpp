@@ -1,6 +1,8 @@
-// Reed-Solomon error correction over the integers modulo 929 (ISO/IEC 15438 5.10).
+// Reed-Solomon error correction over the integers modulo 929 (ISO/IEC 15438 5.10,
+// ISO/IEC 24728 5.10).
 #include "library/symbology/Pdf417.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 
@@ -28,35 +30,40 @@ constexpr std::array<std::uint16_t, kCount> NegatedGenerator() {
   return negated;
 }
 
-constexpr auto kGenerator0 = NegatedGenerator<2>();
-constexpr auto kGenerator1 = NegatedGenerator<4>();
-constexpr auto kGenerator2 = NegatedGenerator<8>();
-constexpr auto kGenerator3 = NegatedGenerator<16>();
-constexpr auto kGenerator4 = NegatedGenerator<32>();
-constexpr auto kGenerator5 = NegatedGenerator<64>();
-constexpr auto kGenerator6 = NegatedGenerator<128>();
-constexpr auto kGenerator7 = NegatedGenerator<256>();
-constexpr auto kGenerator8 = NegatedGenerator<512>();
-constexpr const std::uint16_t* kGenerators[] = {
-    kGenerator0.data(), kGenerator1.data(), kGenerator2.data(),
-    kGenerator3.data(), kGenerator4.data(), kGenerator5.data(),
-    kGenerator6.data(), kGenerator7.data(), kGenerator8.data()};
+template <std::size_t kCount>
+constexpr auto kNegatedGenerator = NegatedGenerator<kCount>();
+
+struct Generator {
+  std::size_t count;
+  const std::uint16_t* coefficients;
+};
+
+template <std::size_t... kCounts>
+constexpr std::array<Generator, sizeof...(kCounts)> Generators() {
+  return {{{kCounts, kNegatedGenerator<kCounts>.data()}...}};
+}
+
+constexpr std::size_t kMostWords = Pdf417CorrectionWords(kMaxPdf417Level);
+constexpr auto kGenerators = Generators<2, 4, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 18, 21, 26, 32,
+                                        38, 44, 50, 64, 128, 256, kMostWords>();
 
 }  // namespace
 
-void AppendPdf417Correction(CodeWords& words, int level) {
-  const auto count = static_cast<std::size_t>(Pdf417CorrectionWords(level));
-  const std::uint16_t* const generator = kGenerators[level];
+void AppendPdf417Correction(CodeWords& words, int count) {
+  const auto found = std::find_if(kGenerators.begin(), kGenerators.end(), [count](const auto& row) {
+    return row.count == static_cast<std::size_t>(count);
+  });
+  const auto& [length, generator] = *found;
   // One place more than it has, always 0: what moves up behind the last.
-  std::array<std::uint32_t, (2 << kMaxPdf417Level) + 1> rest{};
+  std::array<std::uint32_t, kMostWords + 1> rest{};
   for (const std::uint16_t word : words) {
     const std::uint32_t factor = (word + rest[0]) % kModulus;
-    for (std::size_t i = 0; i < count; ++i) {
+    for (std::size_t i = 0; i < length; ++i) {
       rest[i] = (rest[i + 1] + factor * generator[i]) % kModulus;
     }
   }
-  words.reserve(words.size() + count);
-  for (std::size_t i = 0; i < count; ++i) {
+  words.reserve(words.size() + length);
+  for (std::size_t i = 0; i < length; ++i) {
     words.push_back(static_cast<std::uint16_t>((kModulus - rest[i]) % kModulus));
   }
 }

@@ -22,10 +22,6 @@ void AppendNumber(int number, std::size_t length, CodeWords& words) {
   AppendPdf417Number(digits, words);
 }
 
-void Append(const CodeWords& more, CodeWords& words) {
-  words.insert(words.end(), more.begin(), more.end());
-}
-
 void AppendField(std::uint16_t tag, int number, std::size_t length, CodeWords& words) {
   if (number < 0) return;
   Append({kField, tag}, words);

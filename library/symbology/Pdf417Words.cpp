@@ -1,8 +1,8 @@
 // The fewest code words are found by dynamic programming over the data, one character a step. Costs
 // are counted in half code words, the two characters of text compaction. A state is what a reader
 // is in: a submode of text compaction at the first or second half of a code word, byte compaction
-// after a number of bytes modulo 6 (six take five code words, fewer one each), or numeric
-// compaction after a number of digits modulo 44 (which take fifteen).
+// after a number of bytes modulo 6 (six take five code words, fewer one each), numeric compaction
+// after a number of digits modulo 44 (which take fifteen), or none of them before the first latch.
 //
 // States that another one betters whatever follows are not followed. Of byte and of numeric
 // compaction only the cheapest stay: what characters to come take differs by one code word at most.
@@ -83,10 +83,11 @@ bool IsText(unsigned char byte) {
 
 constexpr std::size_t kBytesPerGroup = 6, kDigitsPerGroup = 44;
 
-// States: two of each submode, by the half that comes next, then those of bytes and of digits.
+// States: two of each submode, by the half that comes next, those of bytes, of digits, unknown.
 constexpr std::size_t kTextStates = 2 * kSubmodes;
 constexpr std::size_t kFirstByte = kTextStates, kFirstDigit = kFirstByte + kBytesPerGroup;
-constexpr std::size_t kStates = kFirstDigit + kDigitsPerGroup;
+constexpr std::size_t kUnlatched = kFirstDigit + kDigitsPerGroup;
+constexpr std::size_t kStates = kUnlatched + 1;
 constexpr std::uint8_t kShifted = 0x80;  // beside the state from which a byte was shifted to
 
 constexpr int kWord = 2;  // half code words
@@ -98,6 +99,9 @@ constexpr bool IsTextState(std::size_t state) {
 constexpr bool IsByteState(std::size_t state) {
   return state >= kFirstByte && state < kFirstDigit;
 }
+constexpr bool IsDigitState(std::size_t state) {
+  return state >= kFirstDigit && state < kUnlatched;
+}
 
 int WholeWords(int cost) {
   return cost + (cost & 1);
@@ -105,11 +109,14 @@ int WholeWords(int cost) {
 
 class Search {
  public:
-  Search(std::string_view bytes, bool textOnly)
-      : data(bytes), onlyText(textOnly), steps(bytes.size() * kStates) {
+  Search(std::string_view bytes, bool textOnly, Pdf417Start start)
+      : data(bytes),
+        onlyText(textOnly),
+        beyondBytes(start == Pdf417Start::kUnknown),
+        steps(bytes.size() * kStates) {
     now.fill(kNever);
     next.fill(kNever);
-    now[kAlpha] = 0;
+    now[start == Pdf417Start::kUnknown ? kUnlatched : std::size_t{kAlpha}] = 0;
   }
 
   struct Step {
@@ -127,9 +134,9 @@ class Search {
       if (!onlyText && kDigits.contains(byte)) takeDigit();
       std::swap(now, next);
       std::fill(next.begin(), next.begin() + kFirstDigit, kNever);
-      if (digits || nextDigits) std::fill(next.begin() + kFirstDigit, next.end(), kNever);
-      digits = nextDigits;
-      nextDigits = false;
+      if (beyondBytes || digitsNext) std::fill(next.begin() + kFirstDigit, next.end(), kNever);
+      beyondBytes = digitsNext;
+      digitsNext = false;
     }
     leave();
     return trace();
@@ -145,7 +152,7 @@ class Search {
   // Finds the cheapest state to leave from, at a whole code word.
   void leave() {
     exitCost = kNever;
-    const std::size_t end = digits ? kStates : kFirstDigit;
+    const std::size_t end = beyondBytes ? kStates : kFirstDigit;
     for (std::size_t state = 0; state < end; ++state) {
       const int cost = WholeWords(now[state]);
       if (cost >= exitCost) continue;
@@ -201,8 +208,8 @@ class Search {
   }
 
   void takeDigit() {
-    nextDigits = true;
-    if (digits) {
+    digitsNext = true;
+    if (beyondBytes) {
       const int least = std::min(cheapest(kFirstDigit, kDigitsPerGroup), exitCost + kWord);
       for (std::size_t count = 0; count < kDigitsPerGroup; ++count) {
         const int cost = now[kFirstDigit + count];
@@ -212,7 +219,7 @@ class Search {
         offer(kFirstDigit + taken, cost + (more ? kWord : 0), kFirstDigit + count);
       }
     }
-    if (exit < kFirstDigit) offer(kFirstDigit + 1, exitCost + 2 * kWord, exit);
+    if (!IsDigitState(exit)) offer(kFirstDigit + 1, exitCost + 2 * kWord, exit);
   }
 
   std::vector<Step> trace() const {
@@ -228,9 +235,10 @@ class Search {
 
   const std::string_view data;
   const bool onlyText;
+  // Any state of numeric compaction, or none yet, is reached before and after the character.
+  bool beyondBytes, digitsNext = false;
   std::size_t place = 0;
-  std::array<int, kStates> now, next;       // costs of the states before and after the character
-  bool digits = false, nextDigits = false;  // any of numeric compaction reached
+  std::array<int, kStates> now, next;  // costs of the states before and after the character
   int exitCost = 0;
   std::size_t exit = 0;
   std::vector<std::uint8_t> steps;  // the states before, by place and state after
@@ -278,11 +286,12 @@ class TextWriter {
   int half = -1;
 };
 
-// Text, and bytes shifted to, from `place` to where text compaction is left, which is returned.
+// Text behind its latch, and bytes shifted to, from `place` to where text compaction is left, which
+// is returned.
 std::size_t AppendText(std::string_view data, const std::vector<Search::Step>& path,
                        std::size_t place, CodeWords& words) {
   TextWriter text(words);
-  if (place > 0) words.push_back(kTextLatch);
+  if (!IsTextState(path[place].from & ~std::size_t{kShifted})) words.push_back(kTextLatch);
   std::size_t submode = kAlpha;
   for (; place < path.size() && IsTextState(path[place].to); ++place) {
     const auto byte = static_cast<unsigned char>(data[place]);
@@ -338,14 +347,14 @@ void AppendPdf417Number(std::string_view digits, CodeWords& words) {
   }
 }
 
-CodeWords CompactPdf417(std::string_view data, Compaction compaction) {
+CodeWords CompactPdf417(std::string_view data, Compaction compaction, Pdf417Start start) {
   CodeWords words;
   if (compaction == Compaction::kBytes) {
     AppendBytes(data, words);
     return words;
   }
-  const std::vector<Search::Step> path = Search(data, compaction == Compaction::kText).run();
-  words.reserve(data.size() + 2);
+  const std::vector<Search::Step> path = Search(data, compaction == Compaction::kText, start).run();
+  words.reserve(data.size() + 3);
   for (std::size_t place = 0; place < data.size();) {
     if (IsTextState(path[place].to)) {
       place = AppendText(data, path, place, words);

@@ -85,6 +85,8 @@ constexpr int kGs1Length = 48 * 2;
 constexpr int kDataBarLength = 74 * 2;
 // Two digits to a symbol character; the encoder counts those.
 constexpr int kCode128Length = 2 * kMaxCode128Characters;
+// Twice the digits that fit, for parentheses and envelopes; the encoder counts code words.
+constexpr int kMicroPdfLength = 2 * 366;
 // Two characters to a code of five bits; the encoder counts those.
 constexpr int kAztecLength = kMaxAztecBits * 2 / 5;
 
@@ -175,7 +177,7 @@ constexpr Symbology kSymbologies[] = {
     {81,  "GS1 DataBar Expanded Stacked",        kStackedDataBarExpanded, nullptr,               nullptr, kGs1Characters,            1,  kDataBarLength, 0,  kNoCheck,          250,  {0, 0}},
     {82,  "Planet 12",                           kTwoState,               nullptr,               nullptr, kDigits,                   11, 12,             12, kPostnetCheck,     577,  {5, 5, 1.6, 1.6}},
     {83,  "Planet 14",                           kTwoState,               nullptr,               nullptr, kDigits,                   13, 14,             14, kPostnetCheck,     577,  {5, 5, 1.6, 1.6}},
-    {84,  "MicroPDF417",                         kMicroPdf417,            nullptr,               nullptr, kAllBytes,                 1,  366,            0,  kNoCheck,          254,  {1, 1, 1, 1}},
+    {84,  "MicroPDF417",                         kMicroPdf417,            EncodeMicroPdf417,     nullptr, kAllBytes,                 1,  kMicroPdfLength, 0,  kNoCheck,          254,  {1, 1, 1, 1}},
     {85,  "USPS Intelligent Mail",               kFourState,              nullptr,               nullptr, kDigitsAndHyphen,          20, 32,             31, kNoCheck,          577,  {4.9, 4.9, 1, 1}},
     {86,  "Plessey (UK)",                        kTwoWidthBarcode,        nullptr,               nullptr, kHexDigits,                1,  65,             0,  kPlesseyCheck,     254,  {12, 12}},
     {87,  "Telepen Numeric",                     kFixedTwoWidthBarcode,   nullptr,               nullptr, kTelepenNumericCharacters, 2,  60,             0,  kTelepenCheck,     254,  {10, 10}},
@@ -195,10 +197,10 @@ constexpr Symbology kSymbologies[] = {
     {103, "HIBC PAS Data Matrix",                kDataMatrix,             nullptr,               nullptr, kCode39Characters,         1,  112,            0,  kHibcCheck,        254,  {1, 1, 1, 1}},
     {104, "HIBC LIC QR Code",                    kQrCode,                 nullptr,               nullptr, kCode39Characters,         1,  112,            0,  kHibcCheck,        330,  {4, 4, 4, 4}},
     {105, "HIBC PAS QR Code",                    kQrCode,                 nullptr,               nullptr, kCode39Characters,         1,  112,            0,  kHibcCheck,        330,  {4, 4, 4, 4}},
-    {106, "HIBC LIC PDF417",                     kPdf417,                 nullptr,               nullptr, kCode39Characters,         1,  112,            0,  kHibcCheck,        254,  {2, 2, 2, 2}},
-    {107, "HIBC PAS PDF417",                     kPdf417,                 nullptr,               nullptr, kCode39Characters,         1,  112,            0,  kHibcCheck,        254,  {2, 2, 2, 2}},
-    {108, "HIBC LIC MicroPDF417",                kMicroPdf417,            nullptr,               nullptr, kCode39Characters,         1,  112,            0,  kHibcCheck,        254,  {1, 1, 1, 1}},
-    {109, "HIBC PAS MicroPDF417",                kMicroPdf417,            nullptr,               nullptr, kCode39Characters,         1,  112,            0,  kHibcCheck,        254,  {1, 1, 1, 1}},
+    {106, "HIBC LIC PDF417",                     kPdf417,                 EncodeHibcPdf417,      nullptr, kCode39Characters,         1,  112,            0,  kHibcCheck,        254,  {2, 2, 2, 2}},
+    {107, "HIBC PAS PDF417",                     kPdf417,                 EncodeHibcPdf417,      nullptr, kCode39Characters,         1,  112,            0,  kHibcCheck,        254,  {2, 2, 2, 2}},
+    {108, "HIBC LIC MicroPDF417",                kHibcMicroPdf417,        EncodeHibcMicroPdf417, nullptr, kCode39Characters,         1,  112,            0,  kHibcCheck,        254,  {1, 1, 1, 1}},
+    {109, "HIBC PAS MicroPDF417",                kHibcMicroPdf417,        EncodeHibcMicroPdf417, nullptr, kCode39Characters,         1,  112,            0,  kHibcCheck,        254,  {1, 1, 1, 1}},
     {110, "HIBC LIC Codablock-F",                kCodablockF,             nullptr,               nullptr, kCode39Characters,         1,  112,            0,  kHibcCheck,        250,  {10, 10}},
     {111, "HIBC PAS Codablock-F",                kCodablockF,             nullptr,               nullptr, kCode39Characters,         1,  112,            0,  kHibcCheck,        250,  {10, 10}},
     {112, "HIBC LIC Aztec Code",                 kAztec,                  nullptr,               nullptr, kCode39Characters,         1,  112,            0,  kHibcCheck,        330,  {0, 0}},

@@ -1,8 +1,10 @@
 #!/usr/bin/env python3
-"""Writes Pdf417Patterns.cpp: the bars of PDF417's code words, ISO/IEC 15438 annex A, as they stand in
-symbols that libzint 2.11 draws (Debian: libzint2.11). Each symbol holds a number, of which there is
-one way to make code words, so that every code word of the symbol is known, those of the error
-correction too. Usage: pdf417patterns.py > Pdf417Patterns.cpp"""
+"""Writes Pdf417Patterns.cpp: the bars of PDF417's code words, ISO/IEC 15438 annex A, and MicroPDF417's
+row address patterns, ISO/IEC 24728 5.11.3, as they stand in symbols that libzint 2.11 draws (Debian:
+libzint2.11). Each symbol holds a number, of which there is one way to make code words, so that every
+code word of the symbol is known, those of the error correction too. Row address patterns follow one
+another from row to row; a symbol of three columns and six rows begins with the first ones.
+Usage: pdf417patterns.py > Pdf417Patterns.cpp"""
 import ctypes
 import random
 import sys
@@ -15,9 +17,10 @@ namespace Library {
 
 """
 
-PDF417, DATA_MODE = 55, 0
+PDF417, MICROPDF417, DATA_MODE = 55, 84, 0
 ROWS, COLUMNS, LEVEL = 30, 30, 7
 ROW_BYTES = 144
+ADDRESSES, ADDRESS_MODULES = 52, 10
 
 
 class Symbol(ctypes.Structure):
@@ -65,36 +68,77 @@ def code_words(digits):
     return words + correction(words, correction_count)
 
 
-def main():
-    zint = ctypes.CDLL("libzint.so.2.11")
-    zint.ZBarcode_Create.restype = ctypes.POINTER(Symbol)
+def draw(zint, symbology, digits, level, columns, rows):
+    """The rows of modules, the first in the lowest bit, and their width."""
+    symbol = zint.ZBarcode_Create()
+    symbol[0].symbology, symbol[0].input_mode = symbology, DATA_MODE
+    symbol[0].option_1, symbol[0].option_2, symbol[0].option_3 = level, columns, rows
+    if zint.ZBarcode_Encode(symbol, digits.encode(), len(digits)) != 0:
+        sys.exit("libzint refuses a number")
+    drawn = [int.from_bytes(bytes(symbol[0].encoded_data[row]), "little")
+             for row in range(symbol[0].rows)]
+    width = symbol[0].width
+    zint.ZBarcode_Delete(symbol)
+    return drawn, width
+
+
+def modules(row, first, count):
+    return f"{row >> first & (1 << count) - 1:0{count}b}"[::-1]
+
+
+def code_word_patterns(zint):
     patterns = {}
     random.seed(417)
     while len(patterns) < 3 * 929:
         digits = "".join(random.choice("0123456789") for _ in range(random.randint(1500, 1750)))
-        symbol = zint.ZBarcode_Create()
-        symbol[0].symbology, symbol[0].input_mode = PDF417, DATA_MODE
-        symbol[0].option_1, symbol[0].option_2 = LEVEL, COLUMNS
-        symbol[0].option_3 = ROWS
-        if zint.ZBarcode_Encode(symbol, digits.encode(), len(digits)) != 0:
-            sys.exit("libzint refuses a number")
-        assert symbol[0].rows == ROWS and symbol[0].width == 17 * COLUMNS + 69
+        rows, width = draw(zint, PDF417, digits, LEVEL, COLUMNS, ROWS)
+        assert len(rows) == ROWS and width == 17 * COLUMNS + 69
         words = code_words(digits)
         for row in range(ROWS):
-            modules = int.from_bytes(bytes(symbol[0].encoded_data[row]), "little")
             for column in range(COLUMNS):
-                bits = f"{modules >> 34 + 17 * column & 0x1FFFF:017b}"[::-1]
+                bits = modules(rows[row], 34 + 17 * column, 17)
                 assert bits[0] == "1" and bits[-1] == "0", bits
                 known = patterns.setdefault((row % 3, words[row * COLUMNS + column]), bits)
                 assert known == bits
-        zint.ZBarcode_Delete(symbol)
+    return patterns
 
+
+def address_patterns(zint):
+    """At the sides and in the centre of rows."""
+    found = []
+    for first in 0, 27:
+        following, start = {}, None
+        for digits in 5, 20, 30, 40, 60, 80, 110, 130, 160, 180:
+            rows, _ = draw(zint, MICROPDF417, "7" * digits, -1, 3, 0)
+            patterns = [modules(row, first, ADDRESS_MODULES) for row in rows]
+            start = start or patterns[0]
+            for one, next_one in zip(patterns, patterns[1:]):
+                assert following.setdefault(one, next_one) == next_one
+        sequence = [start]
+        while len(sequence) < ADDRESSES:
+            sequence.append(following[sequence[-1]])
+        assert len(set(sequence)) == ADDRESSES
+        found.append(sequence)
+    return found
+
+
+def main():
+    zint = ctypes.CDLL("libzint.so.2.11")
+    zint.ZBarcode_Create.restype = ctypes.POINTER(Symbol)
+    patterns = code_word_patterns(zint)
     out = HEADER + "const std::uint16_t kPdf417Patterns[kPdf417Clusters][kPdf417Values] = {\n"
     for cluster in range(3):
         row = [f"0x{int(patterns[cluster, word][1:-1], 2):04X}" for word in range(929)]
         out += "    {\n"
         for i in range(0, 929, 11):
             out += "        " + ", ".join(row[i:i + 11]) + f",  // {i}\n"
+        out += "    },\n"
+    out += "};\n\nconst std::uint16_t kRowAddressPatterns[kRowAddressPlaces][kRowAddresses] = {\n"
+    for sequence in address_patterns(zint):
+        row = [f"0x{int(bits, 2):03X}" for bits in sequence]
+        out += "    {\n"
+        for i in range(0, ADDRESSES, 13):
+            out += "        " + ", ".join(row[i:i + 13]) + f",  // {i + 1}\n"
         out += "    },\n"
     sys.stdout.write(out + "};\n\n}  // namespace Library\n")
 
