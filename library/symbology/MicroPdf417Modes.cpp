@@ -16,6 +16,7 @@ constexpr CharacterSet kLetters = CharacterSet::Range('A', 'Z') | CharacterSet::
 struct Content {
   Data data;
   std::string text;
+  bool digitsFirst = false;  // in front of an implied FNC1
 };
 
 Content PlainContent(const EncoderInput& input) {
@@ -36,14 +37,14 @@ Content ApplicationIndicator(const EncoderInput& input) {
   Content content = PlainContent(input);
   Data& data = content.data;
   const auto isDigit = [&](std::size_t at) { return at < data.size() && data[at].isDigit(); };
-  std::size_t indicator = 1;
-  if (isDigit(0)) {
+  content.digitsFirst = isDigit(0);
+  if (content.digitsFirst) {
     if (!isDigit(1))
       throw Error(BC_E_INVALIDDATA, DataIndex(data.size() > 1 ? data[1].source : -1));
-    indicator = 2;
   } else if (!kLetters.contains(data[0].value)) {
     throw Error(BC_E_INVALIDDATA, DataIndex(data[0].source));
   }
+  const std::size_t indicator = content.digitsFirst ? 2 : 1;
   if (indicator < data.size() && data[indicator].value == kGroupSeparator)
     data.erase(data.begin() + static_cast<std::ptrdiff_t>(indicator));
   return content;
@@ -110,7 +111,8 @@ MicroPdf417Message MicroPdf417MessageOf(const EncoderInput& input) {
   const CodeWords data = CompactPdf417(Bytes(content.data), compaction, Pdf417Start::kUnknown);
   MicroPdf417Message message;
   message.words = Pdf417Interpretation(input.options.eci);
-  if (marked) message.words.push_back(data.front() == kNumberLatch ? mode.number : mode.text);
+  const bool number = content.digitsFirst || data.front() == kNumberLatch;
+  if (marked) message.words.push_back(number ? mode.number : mode.text);
   Append(data, message.words);
   message.text = std::move(content.text);
   return message;

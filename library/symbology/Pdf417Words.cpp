@@ -185,10 +185,14 @@ class Search {
     }
   }
 
+  // A latch costs nothing where it stands for the pad in front of the byte.
   void shift(Submode submode, int cost, std::size_t from) {
-    const bool padded = (cost & 1) != 0;
-    const std::size_t target = padded && submode == kPunctuation ? kAlpha : submode;
-    offer(2 * target, WholeWords(cost) + 2 * kWord, from | kShifted);
+    for (std::size_t target = 0; target < kSubmodes; ++target) {
+      const int total = cost + kLatches[submode][target].count;
+      const bool padded = (total & 1) != 0;
+      if (padded && target == kPunctuation) continue;  // the pad is the latch to alpha
+      offer(2 * target, WholeWords(total) + 2 * kWord, from | kShifted);
+    }
   }
 
   int cheapest(std::size_t first, std::size_t count) const {
@@ -296,12 +300,12 @@ std::size_t AppendText(std::string_view data, const std::vector<Search::Step>& p
   for (; place < path.size() && IsTextState(path[place].to); ++place) {
     const auto byte = static_cast<unsigned char>(data[place]);
     const std::size_t target = path[place].to / 2;
+    text.add(kLatches[submode][target]);
     if ((path[place].from & kShifted) != 0) {
       text.finishWord();
       words.push_back(kByteShift);
       words.push_back(byte);
     } else {
-      text.add(kLatches[submode][target]);
       text.add(kWritings[byte][target]);
     }
     submode = target;
