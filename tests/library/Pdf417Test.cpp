@@ -227,6 +227,7 @@ TEST(MacroPdf417, WritesEveryFieldThatFitsTheOthers) {
       {"index beyond", [](auto& o) { o.segIndex = 3, o.segCount = 3; }, {}, BC_E_INVALIDARG},
       {"no index", [](auto& o) { o.segCount = 3; }, {}, BC_E_NOTSUPPORTED},
       {"early", [](auto& o) { o.segCount = 3, o.segIndex = o.segLast = 1; }, {}, BC_E_NOTSUPPORTED},
+      {"late", [](auto& o) { o.segIndex = o.segLast = 0, o.segCount = 1; }, {}, BC_E_NOTSUPPORTED},
       {"bytes", [](auto& o) { o.segIndex = 0, o.fileId = "\x80"; }, {}, BC_E_NOTSUPPORTED},
       {"long", [](auto& o) { o.fileName = std::string(2048, '?'); }, {}, BC_E_DATATOOLONG},
   };
