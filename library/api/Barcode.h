@@ -12,7 +12,19 @@
 
 namespace Library {
 
-enum class Language { kPostScript, kEps, kPdf, kPdfFragment, kBmp, kGif, kJpeg, kPng, kTiff };
+enum class Language {
+  kPostScript,
+  kEps,
+  kPcl,
+  kPclAtCursor,
+  kPdf,
+  kPdfFragment,
+  kBmp,
+  kGif,
+  kJpeg,
+  kPng,
+  kTiff
+};
 
 }  // namespace Library
 
