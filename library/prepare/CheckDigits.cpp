@@ -66,6 +66,27 @@ std::string Mod11(std::string_view data) {
   return {static_cast<char>('0' + check)};
 }
 
+constexpr CharacterSet kCapitalsAndDigits = kDigits | CharacterSet::Range('A', 'Z');
+
+// ISO/IEC 7064 MOD 37,36.
+std::string Mod36(std::string_view data) {
+  constexpr std::size_t kModulus = 36;
+  std::size_t product = kModulus;
+  for (const char character : data) {
+    const std::size_t sum = (product + kCode39Alphabet.find(character)) % kModulus;
+    product = (sum == 0 ? kModulus : sum) * 2 % (kModulus + 1);
+  }
+  return {kCode39Alphabet[(kModulus + 1 - product) % kModulus]};
+}
+
+std::string UpuS10(std::string_view data) {
+  constexpr int kWeights[] = {8, 6, 4, 2, 3, 5, 9, 7};
+  int sum = 0;
+  for (std::size_t i = 0; i < data.size(); ++i) sum += Digit(data[i]) * kWeights[i % 8];
+  const int check = 11 - sum % 11;
+  return {static_cast<char>(check == 10 ? '0' : check == 11 ? '5' : '0' + check)};
+}
+
 struct CheckMethod {
   int number;
   int digits;
@@ -74,15 +95,17 @@ struct CheckMethod {
 };
 
 constexpr CheckMethod kMethods[] = {
-    {2, 1, kDigits, Mod10},            // mod 10
-    {3, 1, kCode39Characters, Mod43},  // mod 43
-    {5, 1, kDigits, Mod10Post},        // Leitcode
-    {6, 1, kDigits, Mod10Post},        // Identcode
-    {13, 1, kDigits, Mod10},           // EAN-8
-    {14, 1, kDigits, Mod10},           // EAN-13
-    {15, 1, kDigits, Mod10},           // UPC-A
-    {21, 1, kDigits, Mod11},           // mod 11, weights 2 to 7
-    {28, 1, kDigits, Luhn},            // mod 10 Luhn
+    {2, 1, kDigits, Mod10},              // mod 10
+    {3, 1, kCode39Characters, Mod43},    // mod 43
+    {5, 1, kDigits, Mod10Post},          // Leitcode
+    {6, 1, kDigits, Mod10Post},          // Identcode
+    {13, 1, kDigits, Mod10},             // EAN-8
+    {14, 1, kDigits, Mod10},             // EAN-13
+    {15, 1, kDigits, Mod10},             // UPC-A
+    {21, 1, kDigits, Mod11},             // mod 11, weights 2 to 7
+    {28, 1, kDigits, Luhn},              // mod 10 Luhn
+    {29, 1, kCapitalsAndDigits, Mod36},  // mod 36 DPD
+    {36, 1, kDigits, UpuS10},            // UPU S10
 };
 
 const CheckMethod* FindMethod(int number) {

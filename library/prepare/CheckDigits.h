@@ -33,6 +33,9 @@ struct CheckRule {
   CheckMethods methods;
 };
 
+// Numbers of methods that encoders compute by.
+inline constexpr int kDpdMod36 = 29, kUpuS10 = 36;
+
 // Number of check digits that `rule` adds under `method`; 0 also where the method is not allowed.
 int CheckDigitCount(const CheckRule& rule, int method);
 

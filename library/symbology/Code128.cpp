@@ -5,6 +5,7 @@
 #include "library/symbology/Code128.h"
 
 #include "library/Error.h"
+#include "library/symbology/Code128Sets.h"
 
 #include <algorithm>
 #include <limits>
@@ -12,13 +13,7 @@
 namespace Library {
 namespace {
 
-enum CodeSet { kSetA, kSetB, kSetC };
-
-// Values of symbol characters that are no data.
-constexpr int kShift = 98;
 constexpr int kFirstStart = 103;
-constexpr int kSwitchTo[] = {101, 100, 99};
-constexpr int kFnc4In[] = {101, 100};
 
 struct State {
   CodeSet set;
@@ -54,14 +49,6 @@ struct Step {
     return *this;
   }
 };
-
-bool SetHolds(CodeSet set, int base) {
-  return set == kSetA ? base < 96 : base >= 32;
-}
-
-int ValueIn(CodeSet set, int base) {
-  return set == kSetA && base < 32 ? base + 64 : base - 32;
-}
 
 std::vector<Token> Tokens(const Data& data) {
   std::vector<Token> tokens;
@@ -152,15 +139,21 @@ class ShortestPath {
 
   // To every state of [first, last), which differ by the code set, from the cheapest of them.
   void changeSet(std::size_t place, std::size_t first, std::size_t last) {
-    std::size_t cheapest = first;
-    for (std::size_t state = first + 1; state < last; ++state) {
-      if (at(place, state).cost < at(place, cheapest).cost) cheapest = state;
-    }
-    if (!at(place, cheapest).reached()) return;
+    const std::size_t from = cheapest(place, first, last);
+    if (!at(place, from).reached()) return;
     for (std::size_t target = first; target < last; ++target) {
-      if (at(place, cheapest).cost + 1 >= at(place, target).cost) continue;
-      offer(place, cheapest, target, Step{}.add(kSwitchTo[kStates[target].set]), 0);
+      if (at(place, from).cost + 1 >= at(place, target).cost) continue;
+      offer(place, from, target, Step{}.add(kSwitchTo[kStates[target].set]), 0);
     }
+  }
+
+  // Of the states [first, last). Set B where A is as good, as other encoders have it.
+  std::size_t cheapest(std::size_t place, std::size_t first, std::size_t last) {
+    std::size_t best = first + 1;
+    for (std::size_t state = first; state < last; ++state) {
+      if (at(place, state).cost < at(place, best).cost) best = state;
+    }
+    return best;
   }
 
   void latch(std::size_t place, std::size_t state, std::size_t target) {
@@ -204,7 +197,7 @@ class ShortestPath {
     const CodeSet set = kStates[state].set;
     const std::uint16_t function = tokens[place].character.value;
     if (set == kSetC && function != kFnc1) return;
-    const int values[] = {102, 97, 96, set == kSetC ? 0 : kFnc4In[set]};
+    const int values[] = {kFnc1Value, kFnc2Value, kFnc3Value, set == kSetC ? 0 : kFnc4In[set]};
     offer(place, state, state, Step{}.add(values[function - kFnc1]), 1);
   }
 
@@ -216,16 +209,13 @@ class ShortestPath {
     if (SetHolds(set, token.base)) {
       step.add(ValueIn(set, token.base));
     } else {
-      step.add(kShift).add(ValueIn(set == kSetA ? kSetB : kSetA, token.base));
+      step.add(kShiftValue).add(ValueIn(OtherThan(set), token.base));
     }
     offer(place, state, state, step, 1);
   }
 
   std::vector<std::uint8_t> trace(std::size_t end) {
-    std::size_t state = 0;
-    for (std::size_t other = 1; other < stateCount; ++other) {
-      if (at(end, other).cost < at(end, state).cost) state = other;
-    }
+    std::size_t state = cheapest(end, 0, stateCount);
     std::vector<std::uint8_t> values;
     values.reserve(static_cast<std::size_t>(at(end, state).cost) + 3);  // start, check, stop
     for (std::size_t place = end; at(place, state).count != 0;) {
@@ -246,11 +236,13 @@ class ShortestPath {
   std::vector<Step> steps;  // the last one of the cheapest way to every state at every place
 };
 
-void RefuseMixedFnc4(const std::vector<Token>& tokens) {
-  const auto isFnc4 = [](const Token& token) { return token.character.value == kFnc4; };
-  if (std::none_of(tokens.begin(), tokens.end(), isFnc4)) return;
-  for (const Token& token : tokens) {
-    if (token.extended) throw Error(BC_E_INVALIDDATA, DataIndex(token.character.source));
+void RefuseMixedFnc4(const Data& data) {
+  const auto isFnc4 = [](const DataCharacter& character) { return character.value == kFnc4; };
+  if (std::none_of(data.begin(), data.end(), isFnc4)) return;
+  for (const DataCharacter& character : data) {
+    if (character.isByte() && character.value > 0x7F) {
+      throw Error(BC_E_INVALIDDATA, DataIndex(character.source));
+    }
   }
 }
 
@@ -260,11 +252,32 @@ std::vector<std::uint8_t> Code128Values(const Data& data) {
   std::vector<Token> tokens = Tokens(data);
   // A symbol character holds two data characters at best.
   if (tokens.size() > 2 * kMaxCode128Characters + 1) throw Error(BC_E_DATATOOLONG);
-  RefuseMixedFnc4(tokens);
+  RefuseMixedFnc4(data);
   MarkFnc4(tokens);
   std::vector<std::uint8_t> values = ShortestPath(tokens).run();
   if (values.size() > kMaxCode128Characters + 1) throw Error(BC_E_DATATOOLONG);
   return values;
+}
+
+Data WithoutFnc4(const Data& data) {
+  RefuseMixedFnc4(data);
+  Data result;
+  result.reserve(data.size());
+  bool latched = false;
+  const DataCharacter* pending = nullptr;
+  for (const DataCharacter& character : data) {
+    if (character.value == kFnc4) {
+      latched ^= pending != nullptr;
+      pending = pending == nullptr ? &character : nullptr;
+      continue;
+    }
+    result.push_back(character);
+    if (!character.isByte()) continue;
+    if (latched != (pending != nullptr)) result.back().value |= 0x80;
+    pending = nullptr;
+  }
+  if (pending != nullptr) throw Error(BC_E_INVALIDDATA, DataIndex(pending->source));
+  return result;
 }
 
 }  // namespace Library

@@ -21,6 +21,11 @@ inline constexpr int kMaxCode128Characters = 568;
 // in whatever set it needs. Throws Error with BC_E_INVALIDDATA, BC_E_DATATOOLONG.
 std::vector<std::uint8_t> Code128Values(const Data& data);
 
+// The data with FNC4 of the caller's own taken into the bytes that they apply to, for symbologies
+// that write them anew. Throws Error with BC_E_INVALIDDATA at an FNC4 that nothing follows, and as
+// above where both FNC4 and such bytes are given.
+Data WithoutFnc4(const Data& data);
+
 // The check character over a start character and what follows.
 std::uint8_t Code128CheckCharacter(const std::vector<std::uint8_t>& values);
 

@@ -1,6 +1,9 @@
 // Code 39 (ISO/IEC 16388).
+#include "library/prepare/Hibc.h"
 #include "library/symbology/Encoders.h"
 #include "library/symbology/Linear.h"
+
+#include <numeric>
 
 namespace Library {
 namespace {
@@ -27,20 +30,35 @@ std::string_view Pattern(char character) {
   return kPatterns[kAlphabet.find(character)];
 }
 
-}  // namespace
-
-void EncodeCode39(const EncoderInput& input, Symbol& symbol) {
-  std::string text = Bytes(input.data);
+void Draw(std::string_view data, Symbol& symbol) {
   LinearRow row;
   row.append(Pattern(kStartStop));
-  for (const char character : text) {
+  for (const char character : data) {
     row.append(kGap);
     row.append(Pattern(character));
   }
   row.append(kGap);
   row.append(Pattern(kStartStop));
   std::move(row).finish(symbol);
+}
+
+}  // namespace
+
+void EncodeCode39(const EncoderInput& input, Symbol& symbol) {
+  std::string text = Bytes(input.data);
+  Draw(text, symbol);
   SetTextLine(symbol, std::move(text));
+}
+
+// Health Industry Bar Code, wide elements 3 modules wide.
+void EncodeHibcCode39(const EncoderInput& input, Symbol& symbol) {
+  HibcMessage message = CompleteHibc(input.data, input.symbology.maxLength);
+  Draw(Bytes(message.data), symbol);
+  for (int& run : symbol.rows.front().runs) run = run == 1 ? 1 : 3;
+  symbol.width =
+      std::accumulate(symbol.rows.front().runs.begin(), symbol.rows.front().runs.end(), 0);
+  SetTextLine(symbol, std::move(message.text));
+  symbol.checkDigits = message.check;
 }
 
 }  // namespace Library

@@ -16,6 +16,18 @@ struct EncoderInput {
 
 void EncodeCode128(const EncoderInput& input, Symbol& symbol);
 void EncodeGs1Code128(const EncoderInput& input, Symbol& symbol);
+void EncodeCode128A(const EncoderInput& input, Symbol& symbol);
+void EncodeCode128B(const EncoderInput& input, Symbol& symbol);
+void EncodeCode128C(const EncoderInput& input, Symbol& symbol);
+void EncodeSscc18(const EncoderInput& input, Symbol& symbol);
+void EncodeEan14(const EncoderInput& input, Symbol& symbol);
+void EncodeDpd(const EncoderInput& input, Symbol& symbol);
+void EncodeUpuS10(const EncoderInput& input, Symbol& symbol);
+void EncodeHibcCode128(const EncoderInput& input, Symbol& symbol);
+void EncodeCode16K(const EncoderInput& input, Symbol& symbol);
+void EncodeCodablockF(const EncoderInput& input, Symbol& symbol);
+void EncodeHibcCodablockF(const EncoderInput& input, Symbol& symbol);
+void EncodeHibcCode39(const EncoderInput& input, Symbol& symbol);
 void EncodeCode39(const EncoderInput& input, Symbol& symbol);
 void EncodeInterleaved2Of5(const EncoderInput& input, Symbol& symbol);
 void EncodeEan8(const EncoderInput& input, Symbol& symbol);

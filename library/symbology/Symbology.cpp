@@ -1,5 +1,6 @@
 #include "library/symbology/Symbology.h"
 
+#include "library/prepare/LogisticsNumbers.h"
 #include "library/symbology/AztecPattern.h"
 #include "library/symbology/Code128.h"
 #include "library/symbology/Encoders.h"
@@ -31,6 +32,7 @@ constexpr CheckRule kPznCheck{CheckKind::kBuiltIn, 20, 1, {0, 1, 20}};
 constexpr CheckRule kCode32Check{CheckKind::kLast, 32, 1, {0, 1, 32}};
 constexpr CheckRule kVinCheck{CheckKind::kBuiltIn, 34, 0, {0, 1, 34}};
 constexpr CheckRule kHibcCheck{CheckKind::kBuiltIn, 3, 1, {0, 1, 3}};
+constexpr CheckRule kHibc128Check{CheckKind::kBuiltIn, 3, 1, {0, 1, 3, 18}};
 
 constexpr CheckRule kEan8Check{CheckKind::kLast, 13, 1, {0, 1, 2, 13}};
 constexpr CheckRule kEan8AddOnCheck{CheckKind::kBuiltIn, 13, 1, {0, 1, 2, 13}};
@@ -141,7 +143,7 @@ constexpr Symbology kSymbologies[] = {
     {45,  "POSTNET 12",                          kTwoState,               nullptr,               nullptr, kDigits,                   11, 12,             12, kPostnetCheck,     577,  {5, 5, 1.6, 1.6}},
     {46,  "Plessey (bidirectional)",             kTwoWidthBarcode,        nullptr,               nullptr, kHexDigits,                1,  65,             0,  kPlesseyCheck,     254,  {12, 12}},
     {47,  "MSI",                                 kTwoWidthBarcode,        nullptr,               nullptr, kDigits,                   1,  65,             0,  kMsiCheck,         254,  {12, 12}},
-    {48,  "SSCC-18",                             kLogisticsBarcode,            nullptr,               nullptr, kDigits,                   17, 18,             18, kSsccCheck,        495,  {10, 10}},
+    {48,  "SSCC-18",                             kLogisticsBarcode,            EncodeSscc18,          RemoveSsccIdentifier, kDigits,                   17, 18,             18, kSsccCheck,        495,  {10, 10}},
     {49,  "FIM",                                 kPlainBarcode,           nullptr,               nullptr, kFimCharacters,            1,  1,              1,  kNoCheck,          794,  {5.3, 3.2}},
     {50,  "LOGMARS",                             kTwoWidthBarcode,        nullptr,               nullptr, kCode39Characters,         1,  30,             0,  kMod43Check,       254,  {10, 10}},
     {51,  "Pharmacode one-track",                kTwoWidthBars,           nullptr,               nullptr, kDigits,                   1,  6,              6,  kNoCheck,          500,  {6, 6}},
@@ -152,9 +154,9 @@ constexpr Symbology kSymbologies[] = {
     {56,  "PDF417 Truncated",                    kPdf417,                 EncodeTruncatedPdf417, nullptr, kAllBytes,                 1,  2710,           0,  kNoCheck,          254,  {2, 2, 2, 2}},
     {57,  "MaxiCode",                            kMaxiCode,               nullptr,               nullptr, kAllBytes,                 1,  138,            0,  kNoCheck,          870,  {1, 1, 1, 1}},
     {58,  "QR Code",                             kQrCode,                 EncodeQrCode,          nullptr, kAllBytes,                 1,  7089,           0,  kNoCheck,          330,  {4, 4, 4, 4}},
-    {59,  "Code 128 A",                          kCode128Family,          nullptr,               nullptr, kCode128ACharacters,       1,  kCode128Length, 0,  kCode128Check,     254,  {10, 10}},
-    {60,  "Code 128 B",                          kCode128Family,          nullptr,               nullptr, kCode128BCharacters,       1,  kCode128Length, 0,  kCode128Check,     254,  {10, 10}},
-    {61,  "Code 128 C",                          kFourWidthBarcode,       nullptr,               nullptr, kDigits,                   2,  kCode128Length, 0,  kCode128Check,     254,  {10, 10}},
+    {59,  "Code 128 A",                          kCode128Family,          EncodeCode128A,        nullptr, kCode128ACharacters,       1,  kCode128Length, 0,  kCode128Check,     254,  {10, 10}},
+    {60,  "Code 128 B",                          kCode128Family,          EncodeCode128B,        nullptr, kCode128BCharacters,       1,  kCode128Length, 0,  kCode128Check,     254,  {10, 10}},
+    {61,  "Code 128 C",                          kFourWidthBarcode,       EncodeCode128C,        nullptr, kDigits,                   2,  kCode128Length, 0,  kCode128Check,     254,  {10, 10}},
     {62,  "Code 93 Extended",                    kFourWidthBarcode,       nullptr,               nullptr, kAscii,                    1,  107,            0,  kCode93Check,      254,  {10, 10}},
     {63,  "Australia Post Standard Customer",    kFourState,              nullptr,               nullptr, kDigits,                   8,  8,              8,  kNoCheck,          470,  {10, 10, 3.3, 3.3}},
     {64,  "Australia Post Customer 2",           kFourState,              nullptr,               nullptr, kAustraliaCharacters,      8,  16,             16, kNoCheck,          470,  {10, 10, 3.3, 3.3}},
@@ -165,10 +167,10 @@ constexpr Symbology kSymbologies[] = {
     {69,  "ISBN",                                kEanUpc,                 nullptr,               nullptr, kIsbnCharacters,           9,  19,             13, kIsbnCheck,        330,  {11, 7}},
     {70,  "Royal Mail 4-State",                  kFourState,              nullptr,               nullptr, kCapitalsAndDigits,        1,  50,             0,  kRoyalMailCheck,   577,  {3.1, 3.1, 3.1, 3.1}},
     {71,  "Data Matrix",                         kDataMatrix,             EncodeDataMatrix,      nullptr, kAllBytes,                 1,  3116,           0,  kNoCheck,          254,  {1, 1, 1, 1}},
-    {72,  "EAN-14",                              kLogisticsBarcode,            nullptr,               nullptr, kDigits,                   13, 14,             14, kEan14Check,       495,  {10, 10}},
+    {72,  "EAN-14",                              kLogisticsBarcode,            EncodeEan14,           RemoveGtinIdentifier, kDigits,                   13, 14,             14, kEan14Check,       495,  {10, 10}},
     {73,  "VIN",                                 kTwoWidthBarcode,        nullptr,               nullptr, kVinCharacters,            17, 17,             17, kVinCheck,         254,  {10, 10}},
     {74,  "Codablock-F",                         kCodablockF,             nullptr,               nullptr, kAllBytes,                 1,  5450,           0,  kTwoBuiltIn,       250,  {10, 10}},
-    {75,  "NVE-18",                              kLogisticsBarcode,            nullptr,               nullptr, kDigits,                   17, 18,             18, kSsccCheck,        495,  {10, 10}},
+    {75,  "NVE-18",                              kLogisticsBarcode,            EncodeSscc18,          RemoveSsccIdentifier, kDigits,                   17, 18,             18, kSsccCheck,        495,  {10, 10}},
     {76,  "Japan Post",                          kFourState,              nullptr,               nullptr, kJapanPostCharacters,      1,  20,             0,  kJapanPostCheck,   577,  {3.3, 3.3, 3.3, 3.3}},
     {77,  "Korea Post",                          kHiddenPlainBarcode,     nullptr,               nullptr, kDigits,                   6,  7,              7,  kKoreaPostCheck,   423,  {10, 10}},
     {78,  "GS1 DataBar Truncated",               kDataBar,                nullptr,               nullptr, kDigits,                   13, 14,             14, kGtinCheck,        330,  {0, 0}},
@@ -187,12 +189,12 @@ constexpr Symbology kSymbologies[] = {
     {91,  "Code 32",                             kTwoWidthBarcode,        nullptr,               nullptr, kDigits,                   8,  9,              9,  kCode32Check,      250,  {10, 10}},
     {92,  "Aztec Code",                          kAztec,                  EncodeAztec,           nullptr, kAllBytes,                 1,  kAztecLength,   0,  kNoCheck,          330,  {0, 0}},
     {93,  "DAFT",                                kFourState,              nullptr,               nullptr, kDaftCharacters,           1,  100,            0,  kNoCheck,          577,  {0, 0}},
-    {96,  "DPD",                                 kLogisticsBarcode,         nullptr,               nullptr, kDpdCharacters,            27, 28,             28, kDpdCheck,         375,  {12.5, 12.5}},
+    {96,  "DPD",                                 kLogisticsBarcode,         EncodeDpd,             NormalizeDpd, kDpdCharacters,            27, 28,             28, kDpdCheck,         375,  {12.5, 12.5}},
     {97,  "Micro QR Code",                       kMatrix,                nullptr,               nullptr, kAllBytes,                 1,  35,             0,  kNoCheck,          330,  {2, 2, 2, 2}},
-    {98,  "HIBC LIC Code 128",                   kFourWidthBarcode,       nullptr,               nullptr, kCode39Characters,         1,  112,            0,  kHibcCheck,        254,  {10, 10}},
-    {99,  "HIBC LIC Code 39",                    kTwoWidthBarcode,        nullptr,               nullptr, kCode39Characters,         1,  69,             0,  kHibcCheck,        254,  {10, 10}},
-    {100, "HIBC PAS Code 128",                   kFourWidthBarcode,       nullptr,               nullptr, kCode39Characters,         1,  112,            0,  kHibcCheck,        254,  {10, 10}},
-    {101, "HIBC PAS Code 39",                    kTwoWidthBarcode,        nullptr,               nullptr, kCode39Characters,         1,  69,             0,  kHibcCheck,        254,  {10, 10}},
+    {98,  "HIBC LIC Code 128",                   kFourWidthBarcode,       EncodeHibcCode128,     nullptr, kCode39Characters,         1,  112,            0,  kHibc128Check,     254,  {10, 10}},
+    {99,  "HIBC LIC Code 39",                    kTwoWidthBarcode,        EncodeHibcCode39,      nullptr, kCode39Characters,         1,  69,             0,  kHibcCheck,        254,  {10, 10}},
+    {100, "HIBC PAS Code 128",                   kFourWidthBarcode,       EncodeHibcCode128,     nullptr, kCode39Characters,         1,  112,            0,  kHibc128Check,     254,  {10, 10}},
+    {101, "HIBC PAS Code 39",                    kTwoWidthBarcode,        EncodeHibcCode39,      nullptr, kCode39Characters,         1,  69,             0,  kHibcCheck,        254,  {10, 10}},
     {102, "HIBC LIC Data Matrix",                kDataMatrix,             nullptr,               nullptr, kCode39Characters,         1,  112,            0,  kHibcCheck,        254,  {1, 1, 1, 1}},
     {103, "HIBC PAS Data Matrix",                kDataMatrix,             nullptr,               nullptr, kCode39Characters,         1,  112,            0,  kHibcCheck,        254,  {1, 1, 1, 1}},
     {104, "HIBC LIC QR Code",                    kQrCode,                 nullptr,               nullptr, kCode39Characters,         1,  112,            0,  kHibcCheck,        330,  {4, 4, 4, 4}},
@@ -208,7 +210,7 @@ constexpr Symbology kSymbologies[] = {
     {115, "DotCode",                             kMatrix,              nullptr,               nullptr, kAllBytes,                 1,  1000,           0,  kNoCheck,          330,  {3, 3, 3, 3}},
     {116, "Han Xin",                             kMatrix,                 nullptr,               nullptr, kAllBytes,                 1,  7827,           0,  kNoCheck,          330,  {3, 3, 3, 3}},
     {119, "Royal Mail 2D Mailmark",              kMatrix,                 nullptr,               nullptr, kAllBytes,                 1,  90,             0,  kNoCheck,          500,  {1, 1, 1, 1}},
-    {120, "UPU S10",                             kLogisticsBarcode,         nullptr,               nullptr, kCapitalsAndDigits,        12, 13,             13, kS10Check,         495,  {10, 10}},
+    {120, "UPU S10",                             kLogisticsBarcode,         EncodeUpuS10,          CheckUpuS10, kCapitalsAndDigits,        12, 13,             13, kS10Check,         495,  {10, 10}},
     {121, "Royal Mail 4-state Mailmark",         kFourState,              nullptr,               nullptr, kMailmarkCharacters,       22, 26,             0,  kNoCheck,          577,  {3.1, 3.1, 3.1, 3.1}},
     {128, "Aztec Runes",                         kMatrix,                 nullptr,               nullptr, kDigits,                   1,  3,              0,  kNoCheck,          330,  {0, 0}},
     {129, "Code 32",                             kTwoWidthBarcode,        nullptr,               nullptr, kDigits,                   8,  9,              9,  kCode32Check,      250,  {10, 10}},

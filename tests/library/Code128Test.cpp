@@ -4,86 +4,22 @@
 #include "library/prepare/Escapes.h"
 #include "library/prepare/FormatString.h"
 #include "library/symbology/Code128.h"
+#include "tests/library/Code128Reader.h"
 #include "tests/library/ScanSymbol.h"
 
 #include <gtest/gtest.h>
 
-#include <optional>
 #include <queue>
 #include <random>
 #include <tuple>
 
 namespace {
 
+using Code128Reader::Decode;
+using Code128Reader::Reader;
+using Code128Reader::ValuesAt;
 using Library::Code128Values;
 using Library::Data;
-
-// A reader between two symbol characters (ISO/IEC 15417 4.3.4).
-struct Reader {
-  char set = 'A';
-  bool latched = false, pending = false, shifted = false;
-
-  static constexpr std::size_t kStates = 24;
-  std::size_t number() const {
-    return static_cast<std::size_t>((set - 'A') * 8 + latched * 4 + pending * 2 + shifted);
-  }
-
-  // What `value` transmits, FNC1 to FNC3 as the values from kFnc1; none where it makes no sense.
-  std::optional<std::vector<int>> read(int value) {
-    if (value == 102) return std::vector<int>{Library::kFnc1};
-    if (set == 'C') {
-      if (value < 100) return digits(value);
-      set = value == 100 ? 'B' : 'A';
-      return pending ? std::nullopt : std::optional(std::vector<int>{});
-    }
-    if (value < 96) return std::vector<int>{character(value)};
-    if (shifted) return std::nullopt;
-    if (value == 97) return std::vector<int>{Library::kFnc2};
-    if (value == 96) return std::vector<int>{Library::kFnc3};
-    control(value);
-    return std::vector<int>{};
-  }
-
- private:
-  std::optional<std::vector<int>> digits(int value) const {
-    if (latched || pending) return std::nullopt;
-    return std::vector<int>{'0' + value / 10, '0' + value % 10};
-  }
-
-  int character(int value) {
-    const char used = shifted ? (set == 'A' ? 'B' : 'A') : set;
-    const int base = used == 'A' && value >= 64 ? value - 64 : value + 32;
-    const int high = latched != pending ? 128 : 0;
-    pending = shifted = false;
-    return base + high;
-  }
-
-  void control(int value) {
-    if (value == 98) {
-      shifted = true;
-    } else if (value == 99) {
-      set = 'C';
-    } else if ((value == 100) == (set == 'A')) {
-      set = value == 100 ? 'B' : 'A';
-    } else if (pending) {
-      latched = !latched;
-      pending = false;
-    } else {
-      pending = true;
-    }
-  }
-};
-
-std::optional<std::vector<int>> Decode(const std::vector<std::uint8_t>& values) {
-  Reader reader{static_cast<char>('A' + values.front() - 103)};
-  std::vector<int> result;
-  for (std::size_t i = 1; i < values.size(); ++i) {
-    const auto read = reader.read(values[i]);
-    if (!read) return std::nullopt;
-    result.insert(result.end(), read->begin(), read->end());
-  }
-  return result;
-}
 
 std::vector<int> Wanted(const Data& data) {
   std::vector<int> wanted;
@@ -252,4 +188,109 @@ TEST(Code128, RefusesWhatNoReaderCouldTell) {
   EXPECT_EQ(RefusalOf(OptionsFor(20, std::string(569, 'A'))), (Refusal{BC_E_DATATOOLONG, -1}));
   EXPECT_EQ(RefusalOf(OptionsFor(20, std::string(1136, '1'))), Refusal{});
   EXPECT_EQ(RefusalOf(OptionsFor(20, std::string(1138, '1'))), (Refusal{BC_E_DATATOOLONG, -1}));
+}
+
+TEST(Code128, IsHeldToOneCodeSet) {
+  const struct {
+    int type;
+    std::string alphabet;
+  } cases[] = {
+      {59, CharacterRange(0, 95)}, {60, CharacterRange(32, 127)}, {61, CharacterRange('0', '9')}};
+  RandomData random;
+  for (const auto& row : cases) {
+    for (int length = 2; length <= 40; length += 2) {
+      SCOPED_TRACE(testing::Message() << row.type << ", " << length);
+      Library::Options options = OptionsFor(row.type, random.next(row.alphabet, length));
+      if (length > 20 && row.type != 61) options.format = "C##A##B&";
+      const Library::Symbol symbol = Library::Encode(options);
+      EXPECT_EQ(Scan(symbol).bytes, options.data);
+      const int perCharacter = row.type == 61 ? 2 : 1;
+      EXPECT_EQ(symbol.width, 11 * (length / perCharacter + 2) + 13);
+      EXPECT_EQ(ValuesAt(symbol.rows[0].runs, 0, 1)[0], 103 + row.type - 59);
+    }
+  }
+  const std::pair<Library::Options, Refusal> refused[] = {
+      {OptionsFor(59, "ABc"), {BC_E_INVALIDDATA, 2}},
+      {OptionsFor(60, "ab\n"), {BC_E_INVALIDDATA, 2}},
+      {OptionsFor(61, "123"), {BC_E_INVALIDDATA, -1}},
+      {OptionsFor(61, "12a4"), {BC_E_INVALIDDATA, 2}},
+  };
+  for (const auto& [options, expected] : refused) {
+    EXPECT_EQ(RefusalOf(options), expected) << options.data;
+  }
+}
+
+TEST(Code128Family, ReadsAndShowsItsNumbers) {
+  const struct {
+    int type;
+    const char *data, *scanned, *identifier, *text, *check;
+  } cases[] = {
+      {33, "(00)106141411234567897", "00106141411234567897", "]C1", "(00)106141411234567897",
+       nullptr},
+      {88, "10LOT42\\21021SER7",
+       "10LOT42\x1D"
+       "21SER7",
+       "]C1", "(10)LOT42(21)SER7", nullptr},
+      {48, "10614141123456789", "00106141411234567897", "]C1", "(00)106141411234567897", "7"},
+      {48, "(00)106141411234567897", "00106141411234567897", "]C1", "(00)106141411234567897", "7"},
+      {75, "0037612345000001003", "00376123450000010039", "]C1", "(00)376123450000010039", "9"},
+      {48, "000000000000000000", "00000000000000000000", "]C1", "(00)000000000000000000", "0"},
+      {72, "0109501101530003", "0109501101530003", "]C1", "(01)09501101530003", "3"},
+      {72, "0950110153000", "0109501101530003", "]C1", "(01)09501101530003", "3"},
+      {96, "000393206219912345678101040", "%000393206219912345678101040", "]C0",
+       "0003 932 0621 9912 3456 78 101 040 9", "9"},
+      {96, "\"007110601632532948375101276", "\"007110601632532948375101276", "]C0",
+       "0071 106 0163 2532 9483 75 101 276 O", "O"},
+      {98, "A123BJC5D6E71", "+A123BJC5D6E71G", "]C0", "*+A123BJC5D6E71G*", "G"},
+      {100, "+/EO5232013", "+/EO5232013", "]C0", "*+/EO5232013*", "3"},
+      {99, "+A123BJC5D6E71G", "+A123BJC5D6E71G", "]A0", "*+A123BJC5D6E71G*", "G"},
+      {101, "/EO523201", "+/EO5232013", "]A0", "*+/EO5232013*", "3"},
+      {120, "RB47312482US", "RB473124829US", "]C0", "RB473124829US", "9"},
+      {120, "RB473124829US", "RB473124829US", "]C0", "RB473124829US", "9"},
+  };
+  for (const auto& row : cases) {
+    SCOPED_TRACE(testing::Message() << row.type << " " << row.data);
+    Library::Options options = OptionsFor(row.type, row.data);
+    options.translateEscapes = row.type == 88;
+    const Library::Symbol symbol = Library::Encode(options);
+    const Scanned scanned = Scan(symbol);
+    EXPECT_EQ(scanned.bytes, row.scanned);
+    EXPECT_EQ(scanned.identifier, row.identifier);
+    EXPECT_EQ(symbol.texts.at(0).text, row.text);
+    EXPECT_TRUE(row.check == nullptr || symbol.checkDigits == row.check) << symbol.checkDigits;
+  }
+}
+
+TEST(Code128Family, NamesTheCharacterThatIsWrong) {
+  const struct {
+    int type;
+    const char* data;
+    Refusal expected;
+    bool corrected = false;  // good with auto-correction
+  } cases[] = {
+      {48, "(00)106141411234567890", {BC_E_INVALIDDATA, 21}, true},
+      {75, "37612345000001A03", {BC_E_INVALIDDATA, 14}},
+      {75, "3761234500000100", {BC_E_INVALIDDATA, -1}},
+      {75, "(00)3761234500000100391", {BC_E_DATATOOLONG, -1}},
+      {72, "09501101530004", {BC_E_INVALIDDATA, 13}, true},
+      {72, "(02)09501101530003", {BC_E_INVALIDDATA, 0}},
+      {96, "%00039320621991234567810104", {BC_E_INVALIDDATA, 0}},
+      {96, "%0003932-6219912345678101040", {BC_E_INVALIDDATA, 8}},
+      {96, "00039320621991234567810104", {BC_E_INVALIDDATA, -1}},
+      {96, "%0003932062199123456781010400", {BC_E_DATATOOLONG, -1}},
+      {98, "A123b", {BC_E_INVALIDDATA, 4}},
+      {101, "+", {BC_E_INVALIDDATA, -1}},
+      {120, "RB473124828US", {BC_E_INVALIDDATA, 10}, true},
+      {120, "R0473124829US", {BC_E_INVALIDDATA, 1}},
+      {120, "RB47312482U5", {BC_E_INVALIDDATA, 11}},
+      {120, "RB473124829U", {BC_E_INVALIDDATA, -1}},
+      {120, "RB47312482USA", {BC_E_DATATOOLONG, -1}},
+  };
+  for (const auto& row : cases) {
+    SCOPED_TRACE(testing::Message() << row.type << " " << row.data);
+    Library::Options options = OptionsFor(row.type, row.data);
+    EXPECT_EQ(RefusalOf(options), row.expected);
+    options.autoCorrect = 1;
+    EXPECT_EQ(RefusalOf(options), row.corrected ? Refusal{} : row.expected);
+  }
 }
