@@ -2,7 +2,9 @@
 
 #include "library/prepare/LogisticsNumbers.h"
 #include "library/symbology/AztecPattern.h"
+#include "library/symbology/Codablock.h"
 #include "library/symbology/Code128.h"
+#include "library/symbology/Code16K.h"
 #include "library/symbology/Encoders.h"
 #include "library/symbology/Families.h"
 
@@ -118,7 +120,7 @@ constexpr Symbology kSymbologies[] = {
     {20,  "Code 128",                            kCode128Family,          EncodeCode128,         nullptr, kAllBytes,                 1,  kCode128Length, 0,  kCode128Check,     254,  {10, 10}},
     {21,  "Leitcode",                            kTwoWidthBarcode,        nullptr,               nullptr, kDigits,                   13, 14,             14, kLeitcodeCheck,    423,  {10, 10}},
     {22,  "Identcode",                           kTwoWidthBarcode,        nullptr,               nullptr, kDigits,                   11, 12,             12, kIdentcodeCheck,   423,  {10, 10}},
-    {23,  "Code 16K",                            kCode16K,                nullptr,               nullptr, kAllBytes,                 1,  154,            0,  kTwoBuiltIn,       250,  {10, 1}},
+    {23,  "Code 16K",                            kCode16K,                EncodeCode16K,         nullptr, kAllBytes,                 1,  kMaxCode16KLength,          0,  kTwoBuiltIn,       250,  {10, 1}},
     {24,  "Code 49",                             kCode49,                 nullptr,               nullptr, kAscii,                    1,  81,             0,  kNoCheck,          250,  {10, 1}},
     {25,  "Code 93",                             kFourWidthBarcode,       nullptr,               nullptr, kCode39Characters,         1,  107,            0,  kCode93Check,      254,  {10, 10}},
     {26,  "ISSN",                                kEanUpc,                 nullptr,               nullptr, kIssnCharacters,           7,  13,             13, kIssnCheck,        330,  {11, 7}},
@@ -169,7 +171,7 @@ constexpr Symbology kSymbologies[] = {
     {71,  "Data Matrix",                         kDataMatrix,             EncodeDataMatrix,      nullptr, kAllBytes,                 1,  3116,           0,  kNoCheck,          254,  {1, 1, 1, 1}},
     {72,  "EAN-14",                              kLogisticsBarcode,            EncodeEan14,           RemoveGtinIdentifier, kDigits,                   13, 14,             14, kEan14Check,       495,  {10, 10}},
     {73,  "VIN",                                 kTwoWidthBarcode,        nullptr,               nullptr, kVinCharacters,            17, 17,             17, kVinCheck,         254,  {10, 10}},
-    {74,  "Codablock-F",                         kCodablockF,             nullptr,               nullptr, kAllBytes,                 1,  5450,           0,  kTwoBuiltIn,       250,  {10, 10}},
+    {74,  "Codablock-F",                         kCodablockF,             EncodeCodablockF,      nullptr, kAllBytes,                 1,  kMaxCodablockLength,          0,  kTwoBuiltIn,       250,  {10, 10}},
     {75,  "NVE-18",                              kLogisticsBarcode,            EncodeSscc18,          RemoveSsccIdentifier, kDigits,                   17, 18,             18, kSsccCheck,        495,  {10, 10}},
     {76,  "Japan Post",                          kFourState,              nullptr,               nullptr, kJapanPostCharacters,      1,  20,             0,  kJapanPostCheck,   577,  {3.3, 3.3, 3.3, 3.3}},
     {77,  "Korea Post",                          kHiddenPlainBarcode,     nullptr,               nullptr, kDigits,                   6,  7,              7,  kKoreaPostCheck,   423,  {10, 10}},
@@ -203,8 +205,8 @@ constexpr Symbology kSymbologies[] = {
     {107, "HIBC PAS PDF417",                     kPdf417,                 EncodeHibcPdf417,      nullptr, kCode39Characters,         1,  112,            0,  kHibcCheck,        254,  {2, 2, 2, 2}},
     {108, "HIBC LIC MicroPDF417",                kHibcMicroPdf417,        EncodeHibcMicroPdf417, nullptr, kCode39Characters,         1,  112,            0,  kHibcCheck,        254,  {1, 1, 1, 1}},
     {109, "HIBC PAS MicroPDF417",                kHibcMicroPdf417,        EncodeHibcMicroPdf417, nullptr, kCode39Characters,         1,  112,            0,  kHibcCheck,        254,  {1, 1, 1, 1}},
-    {110, "HIBC LIC Codablock-F",                kCodablockF,             nullptr,               nullptr, kCode39Characters,         1,  112,            0,  kHibcCheck,        250,  {10, 10}},
-    {111, "HIBC PAS Codablock-F",                kCodablockF,             nullptr,               nullptr, kCode39Characters,         1,  112,            0,  kHibcCheck,        250,  {10, 10}},
+    {110, "HIBC LIC Codablock-F",                kCodablockF,             EncodeHibcCodablockF,  nullptr, kCode39Characters,         1,  112,            0,  kHibcCheck,        250,  {10, 10}},
+    {111, "HIBC PAS Codablock-F",                kCodablockF,             EncodeHibcCodablockF,  nullptr, kCode39Characters,         1,  112,            0,  kHibcCheck,        250,  {10, 10}},
     {112, "HIBC LIC Aztec Code",                 kAztec,                  nullptr,               nullptr, kCode39Characters,         1,  112,            0,  kHibcCheck,        330,  {0, 0}},
     {113, "HIBC PAS Aztec Code",                 kAztec,                  nullptr,               nullptr, kCode39Characters,         1,  112,            0,  kHibcCheck,        330,  {0, 0}},
     {115, "DotCode",                             kMatrix,              nullptr,               nullptr, kAllBytes,                 1,  1000,           0,  kNoCheck,          330,  {3, 3, 3, 3}},
