@@ -1,11 +1,19 @@
-// QR Code (ISO/IEC 18004) by libzint.
+// QR Code (ISO/IEC 18004): what the options ask for, and the smallest version that gives it.
 #include "library/Error.h"
+#include "library/prepare/Gs1.h"
+#include "library/prepare/Hibc.h"
 #include "library/symbology/Encoders.h"
 #include "library/symbology/Linear.h"
-#include "library/symbology/ZintSymbol.h"
+#include "library/symbology/QrCheckWords.h"
+#include "library/symbology/QrContent.h"
+#include "library/symbology/QrMask.h"
+#include "library/symbology/QrMessage.h"
+#include "library/symbology/QrPattern.h"
 
 #include <algorithm>
-#include <charconv>
+#include <optional>
+#include <string>
+#include <utility>
 
 namespace Library {
 namespace {
@@ -13,46 +21,98 @@ namespace {
 enum Format { kDefault, kGs1, kIndustry };
 
 constexpr int kMaxSymbols = 16;
-// With the brackets that stand for FNC1.
-constexpr std::string_view kAlphanumeric = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ $%*+-./:[]";
+
+// In front of the segments.
+constexpr std::uint32_t kAppendIndicator = 3, kFnc1First = 5, kFnc1Second = 9;
+constexpr int kIndicatorBits = 4;
+
+bool IsDigit(char character) {
+  return character >= '0' && character <= '9';
+}
+
+// What tells an industry's format: two digits or a letter. Empty: neither.
+std::optional<std::uint32_t> IndicatorOf(const std::string& text) {
+  if (text.size() == 2 && IsDigit(text[0]) && IsDigit(text[1])) {
+    return static_cast<std::uint32_t>((text[0] - '0') * 10 + text[1] - '0');
+  }
+  constexpr std::uint32_t kLetters = 100;
+  const bool letter = text.size() == 1 &&
+                      ((text[0] >= 'A' && text[0] <= 'Z') || (text[0] >= 'a' && text[0] <= 'z'));
+  if (!letter) return std::nullopt;
+  return kLetters + static_cast<unsigned char>(text[0]);
+}
+
+bool IsAppended(const QrOptions& options) {
+  return options.appendSum >= 0 || options.appendIndex >= 0;
+}
 
 void CheckOptions(const QrOptions& options) {
-  if (options.format == kIndustry) throw Error(BC_E_NOTSUPPORTED);
-  const bool good = options.format >= kDefault && options.format <= kGs1 && options.version >= 0 &&
-                    options.version <= 40 && options.ecLevel >= 0 && options.ecLevel <= 3 &&
-                    options.mask >= -1 && options.mask <= 7 && options.appendParity <= 255;
-  if (!good) throw Error(BC_E_INVALIDARG);
+  const bool good =
+      options.format >= kDefault && options.format <= kIndustry && options.version >= 0 &&
+      options.version <= QrVersion::kLast && options.ecLevel >= 0 && options.ecLevel <= 3 &&
+      options.mask >= kAutomaticMask && options.mask < kQrMasks && options.appendParity <= 255;
+  const bool placed = !IsAppended(options) ||
+                      (options.appendSum >= 2 && options.appendSum <= kMaxSymbols &&
+                       options.appendIndex >= 1 && options.appendIndex <= options.appendSum);
+  if (!good || !placed) throw Error(BC_E_INVALIDARG);
 }
 
-void SetAppendOf(ZintSymbol& symbol, const QrOptions& options) {
-  if (options.appendSum < 0 && options.appendIndex < 0) return;
-  SetAppend(symbol, options.appendSum, options.appendIndex, kMaxSymbols);
-  char* const id = symbol->structapp.id;
-  std::to_chars(id, id + sizeof symbol->structapp.id - 1, std::max(options.appendParity, 0));
+void AppendPlace(QrBits& bits, const QrOptions& options) {
+  bits.append(kAppendIndicator, kIndicatorBits);
+  bits.append(static_cast<std::uint32_t>(options.appendIndex - 1), 4);
+  bits.append(static_cast<std::uint32_t>(options.appendSum - 1), 4);
+  bits.append(static_cast<std::uint32_t>(std::max(options.appendParity, 0)), 8);
 }
 
-// libzint misjudges the length of element strings with percent signs, which it doubles, and writes
-// past the version it chose. With a version that has room for the data at their longest it cannot:
-// the version that takes so many bytes, which it judges right. 0: no such data.
-int RoomyVersion(const MatrixContent& content, int ecLevel) {
-  const auto percents = std::count(content.data.begin(), content.data.end(), '%');
-  if (!content.gs1 || percents == 0) return 0;
-  const bool alphanumeric = content.data.find_first_not_of(kAlphanumeric) == std::string::npos;
-  const auto length = content.data.size();
-  std::size_t bits =
-      alphanumeric ? (length + static_cast<std::size_t>(percents)) * 11 / 2 : length * 8;
-  bits += bits / 16 + 64;
-  ZintSymbol room(BARCODE_QRCODE);
-  room->option_1 = ecLevel + 1;
-  room.encode(std::string(bits / 8 + 1, '\x80'));
-  return (room->width - 17) / 4;
+QrBits HeaderOf(const Options& options) {
+  const QrOptions& qr = options.qr;
+  QrBits bits;
+  if (IsAppended(qr)) AppendPlace(bits, qr);
+  AppendQrEci(bits, options.eci, kIndicatorBits);
+  if (qr.format == kGs1) bits.append(kFnc1First, kIndicatorBits);
+  if (qr.format == kIndustry) {
+    const auto indicator = IndicatorOf(qr.indicator);
+    if (!indicator) throw Error(BC_E_INVALIDARG);
+    bits.append(kFnc1Second, kIndicatorBits);
+    bits.append(*indicator, 8);
+  }
+  return bits;
 }
 
-// The version to ask for, 0: automatic.
-int VersionFor(const MatrixContent& content, const QrOptions& options) {
-  const int roomy = RoomyVersion(content, options.ecLevel);
-  if (options.version != 0 && options.version < roomy) throw Error(BC_E_DATATOOLONG);
-  return std::max(options.version, roomy);
+std::size_t Room(const QrVersion& version) {
+  return version.dataWords() * 8;
+}
+
+// REQUIRES: header and message have room in the version.
+void Draw(const QrVersion& version, QrBits bits, const QrMessage& message, int mask,
+          Symbol& symbol) {
+  message.write(bits);
+  constexpr std::size_t kTerminatorBits = 4;
+  bits.append(0, static_cast<int>(std::min(Room(version) - bits.size(), kTerminatorBits)));
+  const std::vector<std::uint8_t> words =
+      WithQrCheckWords(PaddedQrWords(std::move(bits), version.dataWords()), version.blocks(),
+                       version.checkWordsPerBlock());
+  QrPattern(version, words, mask).copyTo(symbol);
+}
+
+// In the smallest version that holds it, or the one that is set.
+void DrawSmallest(const QrOptions& options, const QrBits& header, const QrContent& content,
+                  Symbol& symbol) {
+  const int first = options.version != 0 ? options.version : 1;
+  const int last = options.version != 0 ? options.version : QrVersion::kLast;
+  const std::size_t least = header.size() + QrMessage::leastBits(content);
+  const QrSegmentHeads* heads = nullptr;
+  std::optional<QrMessage> message;
+  for (int number = first; number <= last; ++number) {
+    const QrVersion version(number, static_cast<QrLevel>(options.ecLevel));
+    if (least > Room(version)) continue;
+    if (std::exchange(heads, &version.heads()) != &version.heads()) {
+      message.emplace(content, version.heads());
+    }
+    if (header.size() + message->bitCount() > Room(version)) continue;
+    return Draw(version, header, *message, options.mask, symbol);
+  }
+  throw Error(BC_E_DATATOOLONG);
 }
 
 }  // namespace
@@ -60,16 +120,42 @@ int VersionFor(const MatrixContent& content, const QrOptions& options) {
 void EncodeQrCode(const EncoderInput& input, Symbol& symbol) {
   const QrOptions& options = input.options.qr;
   CheckOptions(options);
-  MatrixContent content = ContentOf(input);
-  ZintSymbol encoded(BARCODE_QRCODE);
-  SetInputMode(encoded, content);
-  encoded->option_1 = options.ecLevel + 1;
-  encoded->option_2 = VersionFor(content, options);
-  encoded->option_3 = (options.mask + 1) << 8;
-  SetAppendOf(encoded, options);
-  encoded.encode(content.data);
-  encoded.copyRows(symbol, 1);
-  SetTextLine(symbol, std::move(content.text));
+  const QrBits header = HeaderOf(input.options);
+  const bool marked = options.format != kDefault;
+  if (!TakesGs1(input.symbology, input.options)) {
+    DrawSmallest(options, header, QrContentOf(input.data, marked), symbol);
+    return SetTextLine(symbol, PrintableText(input.data));
+  }
+  ElementString elements = ParseElementString(input.data, input.options.autoCorrect > 0);
+  DrawSmallest(options, header, QrContentOf(elements.data, marked), symbol);
+  SetTextLine(symbol, std::move(elements.text));
+}
+
+void EncodeHibcQrCode(const EncoderInput& input, Symbol& symbol) {
+  const QrOptions& options = input.options.qr;
+  CheckOptions(options);
+  // The plus sign in front tells a reader what the data are.
+  if (options.format != kDefault) throw Error(BC_E_NOTSUPPORTED);
+  HibcMessage message = CompleteHibc(input.data, input.symbology.maxLength);
+  DrawSmallest(options, HeaderOf(input.options), QrContentOf(message.data, false), symbol);
+  symbol.checkDigits = std::move(message.check);
+  SetTextLine(symbol, std::move(message.text));
+}
+
+// The payment order of Slovenian banks: ISO 8859-2 in the bytes of one version.
+void EncodeUpnQr(const EncoderInput& input, Symbol& symbol) {
+  constexpr int kLatin2 = 4;  // its ECI
+  constexpr QrSegmentHeads kBytesOnly{4, {1, 2, 4}, {0, 0, 16}};
+  const QrOptions& options = input.options.qr;
+  CheckOptions(options);
+  const QrVersion version(15, QrLevel::kM);
+  QrBits header;
+  AppendQrEci(header, kLatin2, kIndicatorBits);
+  const QrContent content = QrContentOf(input.data, false);
+  const QrMessage message(content, kBytesOnly);
+  if (header.size() + message.bitCount() > Room(version)) throw Error(BC_E_DATATOOLONG);
+  Draw(version, std::move(header), message, options.mask, symbol);
+  SetTextLine(symbol, PrintableText(input.data));
 }
 
 }  // namespace Library
