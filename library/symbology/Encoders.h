@@ -39,6 +39,10 @@ void EncodeMicroPdf417(const EncoderInput& input, Symbol& symbol);
 void EncodeHibcPdf417(const EncoderInput& input, Symbol& symbol);
 void EncodeHibcMicroPdf417(const EncoderInput& input, Symbol& symbol);
 void EncodeQrCode(const EncoderInput& input, Symbol& symbol);
+void EncodeHibcQrCode(const EncoderInput& input, Symbol& symbol);
+void EncodeUpnQr(const EncoderInput& input, Symbol& symbol);
+void EncodeMicroQrCode(const EncoderInput& input, Symbol& symbol);
+void EncodeRectangularQr(const EncoderInput& input, Symbol& symbol);
 void EncodeDataMatrix(const EncoderInput& input, Symbol& symbol);
 void EncodeAztec(const EncoderInput& input, Symbol& symbol);
 

@@ -118,6 +118,7 @@ constexpr Family kHibcMicroPdf417 = {.geometry = G::kStacked,
 constexpr Family kMatrix = {.geometry = G::kMatrix};
 constexpr Family kQrCode = {
     .geometry = G::kMatrix, .eci = true, .takesGs1 = GsQrCode, .append = &kQrCodeAppend};
+constexpr Family kRectangularMicroQr = {.geometry = G::kMatrix, .eci = true, .takesGs1 = GsQrCode};
 constexpr Family kDataMatrix = {
     .geometry = G::kMatrix, .eci = true, .takesGs1 = GsDataMatrix, .append = &kDataMatrixAppend};
 constexpr Family kAztec = {

@@ -2,6 +2,7 @@
 
 #include "library/symbology/QrMask.h"
 #include "library/symbology/QrPenalty.h"
+#include "library/symbology/QrRemainder.h"
 
 #include <limits>
 
@@ -9,15 +10,6 @@ namespace Library {
 namespace {
 
 constexpr int kTiming = 6;  // row and column
-
-// The value with the remainder by a generator of so many bits behind it.
-std::uint32_t WithRemainder(std::uint32_t value, std::uint32_t generator, int bits) {
-  std::uint32_t remainder = value << bits;
-  for (int bit = 31; bit >= bits; --bit) {
-    if ((remainder >> bit & 1) != 0) remainder ^= generator << (bit - bits);
-  }
-  return value << bits | remainder;
-}
 
 void DrawFinders(QrCanvas& canvas, int width) {
   constexpr std::uint32_t kRings = 0b01011;  // from the centre: 3 x 3, a light ring, a dark one
@@ -51,7 +43,7 @@ void DrawVersion(QrCanvas& canvas, const QrVersion& version) {
   constexpr int kFirst = 7;
   if (version.number() < kFirst) return;
   const std::uint32_t bits =
-      WithRemainder(static_cast<std::uint32_t>(version.number()), 0x1F25, 12);
+      WithQrRemainder(static_cast<std::uint32_t>(version.number()), 0x1F25, 12);
   for (int i = 0; i < 18; ++i) {
     const bool dark = (bits >> i & 1) != 0;
     const int across = version.width() - 11 + i % 3;
@@ -63,7 +55,7 @@ void DrawVersion(QrCanvas& canvas, const QrVersion& version) {
 std::uint32_t FormatBits(QrLevel level, int mask) {
   constexpr std::uint32_t kLevels[] = {1, 0, 3, 2};
   const std::uint32_t value = kLevels[static_cast<int>(level)] << 3 | static_cast<unsigned>(mask);
-  return WithRemainder(value, 0x537, 10) ^ 0x5412;
+  return WithQrRemainder(value, 0x537, 10) ^ 0x5412;
 }
 
 // Round the upper left finder, and again below the one and beside the other; `target` has a set as

@@ -3,8 +3,8 @@
 #include "library/Error.h"
 #include "library/prepare/Gs1.h"
 #include "library/symbology/Encoders.h"
+#include "library/symbology/ModuleRuns.h"
 
-#include <bit>
 #include <cstdint>
 #include <string>
 
@@ -36,35 +36,10 @@ std::uint64_t LoadWord(const unsigned char* bytes) {
   return word;
 }
 
-// Runs between the places where light and dark change, found a word at a time.
 std::vector<int> Runs(const unsigned char* modules, int width) {
-  constexpr int kMaxWords = sizeof(zint_symbol::encoded_data[0]) / sizeof(std::uint64_t);
-  std::uint64_t changes[kMaxWords];
-  const int words = (width + 63) / 64;
-  std::size_t count = 2;
-  std::uint64_t carry = 0;
-  for (int i = 0; i < words; ++i) {
-    const std::uint64_t word = LoadWord(modules + i * 8);
-    changes[i] = word ^ (word << 1 | carry);
-    carry = word >> 63;
-    count += static_cast<std::size_t>(std::popcount(changes[i]));
-  }
-
-  std::vector<int> runs;
-  runs.reserve(count);
-  // The first run is a bar, which is empty where the row begins light.
-  if ((modules[0] & 1) == 0) runs.push_back(0);
-  int last = 0;
-  for (int i = 0; i < words; ++i) {
-    for (std::uint64_t left = changes[i]; left != 0; left &= left - 1) {
-      const int place = i * 64 + std::countr_zero(left);
-      if (place == 0 || place >= width) continue;
-      runs.push_back(place - last);
-      last = place;
-    }
-  }
-  runs.push_back(width - last);
-  return runs;
+  std::uint64_t words[sizeof(zint_symbol::encoded_data[0]) / sizeof(std::uint64_t)];
+  for (int i = 0; i < width; i += 64) words[i / 64] = LoadWord(modules + i / 8);
+  return ModuleRuns(words, width);
 }
 
 }  // namespace
