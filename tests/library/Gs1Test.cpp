@@ -205,17 +205,3 @@ TEST(Gs1, MatrixSymbolsCarryTheSameElements) {
     EXPECT_EQ(RefusalOf(options), (Refusal{BC_E_INVALIDDATA, 17}));
   }
 }
-
-// Data for which libzint's own choice of version overruns its buffers.
-TEST(Gs1, PercentSignsInQrCodesGetRoom) {
-  for (const std::string data : {"A%%A%111%a%1a1%%1A1%1aAa%a1aaa11A", "%%%%%%%%%%%%A%", "%"}) {
-    Library::Options options = OptionsFor(58, "(91)" + data);
-    options.qr.format = 1;
-    for (options.qr.ecLevel = 0; options.qr.ecLevel < 4; ++options.qr.ecLevel) {
-      EXPECT_EQ(Library::Encode(options).rows.size() % 4, 1u);
-    }
-    options.qr.version = 1;
-    options.qr.ecLevel = 3;
-    EXPECT_EQ(RefusalOf(options), (Refusal{BC_E_DATATOOLONG, -1}));
-  }
-}

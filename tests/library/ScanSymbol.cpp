@@ -64,13 +64,15 @@ Scanned Scan(const Library::Symbol& symbol) {
   const ZXing::Result result = ZXing::ReadBarcode(
       {bitmap.pixels.data(), bitmap.width, bitmap.height, ZXing::ImageFormat::Lum}, hints);
   const ZXing::ByteArray& bytes = result.bytes();
+  const ZXing::ByteArray withEci = result.bytesECI();
   return {result.isValid() ? ZXing::ToString(result.format()) : "None",
           std::string(bytes.begin(), bytes.end()),
           result.symbologyIdentifier(),
           result.sequenceIndex(),
           result.sequenceSize(),
           result.sequenceId(),
-          result.readerInit()};
+          result.readerInit(),
+          std::string(withEci.begin(), withEci.end())};
 }
 
 Library::Options OptionsFor(int type, const std::string& data) {

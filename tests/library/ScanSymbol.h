@@ -14,6 +14,7 @@ struct Scanned {
   int sequenceIndex = -1, sequenceSize = -1;
   std::string sequenceId;
   bool readerProgramming = false;
+  std::string withEci;  // as the reader transmits them, "]Q2\\000026" in front
 };
 
 Scanned Scan(const Library::Symbol& symbol);
