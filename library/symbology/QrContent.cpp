@@ -11,16 +11,26 @@
 namespace Library {
 namespace {
 
-// GS separates like FNC1 where FNC1 stands in front.
+constexpr std::uint16_t kGroupSeparator = 0x1D;
+
+// In marked data GS separates like FNC1. In front of a percent sign both are the byte GS: among the
+// 45 characters a reader takes the first two of three percent signs for the doubled one.
+std::uint16_t ValueAt(const Data& data, std::size_t at, bool marked) {
+  const std::uint16_t value = data[at].value;
+  const bool separates = marked && (value == kGroupSeparator || value == kFnc1);
+  if (!separates) return value;
+  const bool ambiguous = at + 1 < data.size() && data[at + 1].value == '%';
+  return ambiguous ? kGroupSeparator : std::uint16_t{kFnc1};
+}
+
 QrContent ContentOf(const Data& data, bool marked) {
-  constexpr std::uint16_t kGroupSeparator = 0x1D;
   QrContent content;
   content.marked = marked;
   content.characters.reserve(data.size());
-  for (const DataCharacter character : data) {
-    if (!character.isByte() && character.value != kFnc1) continue;
-    const bool separates = marked && character.value == kGroupSeparator;
-    content.characters.push_back(separates ? std::uint16_t{kFnc1} : character.value);
+  for (std::size_t i = 0; i < data.size(); ++i) {
+    if (data[i].isByte() || data[i].value == kFnc1) {
+      content.characters.push_back(ValueAt(data, i, marked));
+    }
   }
   return content;
 }

@@ -348,6 +348,12 @@ TEST(QrCode, TellsTheReaderFormatEciAndPlace) {
        [](Options& o) { o.qr.format = 2, o.qr.indicator = "37"; }, "]Q5",
        "37A\x1D"
        "2%"},
+      {"percent signs behind GS",
+       "AB1\x1D"
+       "%%2",
+       [](Options& o) { o.qr.format = 2, o.qr.indicator = "37"; }, "]Q5",
+       "37AB1\x1D"
+       "%%2"},
       {"letter",
        "Ab\x1D"
        "2",
