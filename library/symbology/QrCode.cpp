@@ -98,7 +98,7 @@ void EncodeHibcQrCode(const EncoderInput& input, Symbol& symbol) {
   // The plus sign in front tells a reader what the data are.
   if (options.format != kQrDefault) throw Error(BC_E_NOTSUPPORTED);
   HibcMessage message = CompleteHibc(input.data, input.symbology.maxLength);
-  const QrData data = QrDataOf({input.options, input.symbology, message.data, {}});
+  const QrData data = QrDataOf({input.options, input.symbology, message.data, input.given});
   DrawSmallest(options, HeaderOf(input.options), data.content, symbol);
   symbol.checkDigits = std::move(message.check);
   SetTextLine(symbol, std::move(message.text));
