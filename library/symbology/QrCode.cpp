@@ -33,7 +33,8 @@ void CheckOptions(const QrOptions& options) {
 }
 
 void AppendPlace(QrBits& bits, const QrOptions& options) {
-  bits.append(3, kIndicatorBits);
+  constexpr std::uint32_t kStructuredAppend = 3;
+  bits.append(kStructuredAppend, kIndicatorBits);
   bits.append(static_cast<std::uint32_t>(options.appendIndex - 1), 4);
   bits.append(static_cast<std::uint32_t>(options.appendSum - 1), 4);
   bits.append(static_cast<std::uint32_t>(std::max(options.appendParity, 0)), 8);
@@ -72,8 +73,9 @@ void DrawSmallest(const QrOptions& options, const QrBits& header, const QrConten
   for (int number = first; number <= last; ++number) {
     const QrVersion version(number, static_cast<QrLevel>(options.ecLevel));
     if (least > Room(version)) continue;
-    if (std::exchange(heads, &version.heads()) != &version.heads()) {
-      message.emplace(content, version.heads());
+    if (heads != &version.heads()) {
+      heads = &version.heads();
+      message.emplace(content, *heads);
     }
     if (header.size() + message->bitCount() > Room(version)) continue;
     return Draw(version, header, *message, options.mask, symbol);
