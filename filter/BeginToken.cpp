@@ -33,4 +33,13 @@ std::size_t PartAtEnd(std::string_view bytes, std::string_view token) {
   return 0;
 }
 
+void ForEachToken(const Stream& stream, std::size_t size, std::string_view token,
+                  const std::function<void(std::uint64_t place)>& call) {
+  if (token.empty()) return;
+  const std::string_view text = stream.before(size, size + token.size() - 1);
+  for (std::size_t at = text.find(token); at != text.npos; at = text.find(token, at + 1)) {
+    call(stream.position() + size - text.size() + at);
+  }
+}
+
 }  // namespace Filter

@@ -19,23 +19,17 @@ std::array<std::uint8_t, 256> MeaningsOf(const StopSet& stops) {
   const auto of = [&](char byte) -> std::uint8_t& {
     return meanings[static_cast<unsigned char>(byte)];
   };
-  if (stops.hasSign) of(stops.sign[0]) |= kBegins;
-  for (std::size_t i = 0; i < stops.pairCount; ++i) of(stops.pairs[i].first) |= kBegins;
   for (std::size_t i = 0; i < stops.byteCount; ++i) of(stops.bytes[i]) |= kStop;
   if (stops.hasLineEnd) of(stops.lineEnd) |= kLine;
-  if (stops.watched[0] != stops.watched[1]) of(stops.watched[1]) |= kSecond;
+  if (!stops.watches) return meanings;
   of(stops.watched[0]) |= kFirst;
+  of(stops.watched[1]) |= kSecond;
+  of(stops.word[0]) |= kBegins;
   return meanings;
 }
 
-// Whether a pair or the sign begins here.
-bool BeginsSomething(const char* at, const StopSet& stops) {
-  for (std::size_t i = 0; i < stops.pairCount; ++i) {
-    const StopSet::Pair& pair = stops.pairs[i];
-    if (at[0] == pair.first && (at[1] | pair.folded) == pair.second) return true;
-  }
-  return stops.hasSign && at[0] == stops.sign[0] && at[1] == stops.sign[1] &&
-         at[4] == stops.sign[2];
+bool BeginsWord(const char* at, const StopSet& stops) {
+  return at[1] == stops.word[1] && at[4] == stops.word[2];
 }
 
 #ifdef __x86_64__
@@ -59,38 +53,12 @@ __attribute__((target("avx2"), always_inline)) inline std::uint64_t Bits(__m256i
   return lowBits | std::uint64_t{highBits} << 32;
 }
 
-// Where a pair begins in the 32 bytes at `at`.
-template <std::size_t PairCount>
-struct Pairs {
-  __m256i first[PairCount + 1], second[PairCount + 1], folded[PairCount + 1];
-
-  __attribute__((target("avx2"), always_inline)) explicit Pairs(const StopSet& stops) {
-    for (std::size_t i = 0; i < PairCount; ++i) {
-      first[i] = Splat(stops.pairs[i].first);
-      second[i] = Splat(stops.pairs[i].second);
-      folded[i] = Splat(stops.pairs[i].folded);
-    }
-  }
-
-  __attribute__((target("avx2"), always_inline)) __m256i in(const char* at) const {
-    const __m256i here = Load(at);
-    const __m256i next = Load(at + 1);
-    __m256i found = _mm256_setzero_si256();
-    for (std::size_t i = 0; i < PairCount; ++i) {
-      const __m256i compared = _mm256_or_si256(next, folded[i]);
-      found = _mm256_or_si256(found,
-                              _mm256_and_si256(Equal(here, first[i]), Equal(compared, second[i])));
-    }
-    return found;
-  }
-};
-
-// Where the sign begins in the 32 bytes at `at`.
-struct Sign {
+// Where the word begins in the 32 bytes at `at`.
+struct Word {
   __m256i at0, at1, at4;
 
-  __attribute__((target("avx2"), always_inline)) explicit Sign(const StopSet& stops)
-      : at0(Splat(stops.sign[0])), at1(Splat(stops.sign[1])), at4(Splat(stops.sign[2])) {}
+  __attribute__((target("avx2"), always_inline)) explicit Word(const StopSet& stops)
+      : at0(Splat(stops.word[0])), at1(Splat(stops.word[1])), at4(Splat(stops.word[2])) {}
 
   __attribute__((target("avx2"), always_inline)) __m256i in(const char* at) const {
     return _mm256_and_si256(Equal(Load(at), at0),
@@ -99,17 +67,15 @@ struct Sign {
 };
 
 // All values are in registers before the first block; the loops over constant counts are unrolled.
-template <std::size_t ByteCount, std::size_t PairCount, bool WithSign, bool WithLines>
+template <std::size_t ByteCount, bool Watches, bool WithLines>
 __attribute__((target("avx2"))) void MakeMasksWithAvx2(const char* bytes, std::size_t count,
                                                        const StopSet& stops, BlockMasks* masks) {
   const __m256i first = Splat(stops.watched[0]);
   const __m256i second = Splat(stops.watched[1]);
   const __m256i line = Splat(stops.lineEnd);
+  const Word word(stops);
   __m256i values[ByteCount + 1];
   for (std::size_t i = 0; i < ByteCount; ++i) values[i] = Splat(stops.bytes[i]);
-  const Pairs<PairCount> pairs(stops);
-  const Sign sign(stops);
-  const bool watchesTwo = stops.watched[0] != stops.watched[1];
   for (std::size_t block = 0; block < count; ++block, bytes += kBlockSize) {
     const __m256i low = Load(bytes);
     const __m256i high = Load(bytes + 32);
@@ -119,62 +85,34 @@ __attribute__((target("avx2"))) void MakeMasksWithAvx2(const char* bytes, std::s
       lowStops = _mm256_or_si256(lowStops, Equal(low, values[i]));
       highStops = _mm256_or_si256(highStops, Equal(high, values[i]));
     }
-    if constexpr (PairCount > 0) {
-      lowStops = _mm256_or_si256(lowStops, pairs.in(bytes));
-      highStops = _mm256_or_si256(highStops, pairs.in(bytes + 32));
+    if constexpr (Watches) {
+      lowStops = _mm256_or_si256(lowStops, word.in(bytes));
+      highStops = _mm256_or_si256(highStops, word.in(bytes + 32));
     }
-    if constexpr (WithSign) {
-      lowStops = _mm256_or_si256(lowStops, sign.in(bytes));
-      highStops = _mm256_or_si256(highStops, sign.in(bytes + 32));
-    }
-    masks[block] = {Bits(Equal(low, first), Equal(high, first)),
-                    watchesTwo ? Bits(Equal(low, second), Equal(high, second)) : 0,
+    masks[block] = {Watches ? Bits(Equal(low, first), Equal(high, first)) : 0,
+                    Watches ? Bits(Equal(low, second), Equal(high, second)) : 0,
                     Bits(lowStops, highStops),
                     WithLines ? Bits(Equal(low, line), Equal(high, line)) : 0};
   }
 }
 
-// Text has single bytes and the sign, indexed by the number of bytes.
-template <bool WithSign, bool WithLines, std::size_t... ByteCounts>
-constexpr auto MakersForText(std::index_sequence<ByteCounts...>) {
+// Indexed by the number of bytes that stop.
+template <bool Watches, bool WithLines, std::size_t... ByteCounts>
+constexpr auto MakersFor(std::index_sequence<ByteCounts...>) {
   return std::array<MaskMaker, sizeof...(ByteCounts)>{
-      MakeMasksWithAvx2<ByteCounts, 0, WithSign, WithLines>...};
+      MakeMasksWithAvx2<ByteCounts, Watches, WithLines>...};
 }
 
-template <bool WithSign, bool WithLines>
-MaskMaker MakerForText(std::size_t byteCount) {
-  static constexpr auto kMakers =
-      MakersForText<WithSign, WithLines>(std::make_index_sequence<StopSet::kMostBytes + 1>());
-  return kMakers[byteCount];
-}
-
-// Binary data have pairs and few single bytes, indexed by the number of pairs less one.
-template <std::size_t ByteCount, bool WithLines, std::size_t... PairCounts>
-constexpr auto MakersForData(std::index_sequence<PairCounts...>) {
-  return std::array<MaskMaker, sizeof...(PairCounts)>{
-      MakeMasksWithAvx2<ByteCount, PairCounts + 1, false, WithLines>...};
-}
-
-template <bool WithLines>
-MaskMaker MakerForData(std::size_t byteCount, std::size_t pairCount) {
-  constexpr auto kPairCounts = std::make_index_sequence<StopSet::kMostPairs>();
-  static constexpr std::array kMakers = {
-      MakersForData<0, WithLines>(kPairCounts), MakersForData<1, WithLines>(kPairCounts),
-      MakersForData<2, WithLines>(kPairCounts), MakersForData<3, WithLines>(kPairCounts)};
-  return byteCount < kMakers.size() ? kMakers[byteCount][pairCount - 1] : MakeMasksPortably;
-}
+template <bool Watches, bool WithLines>
+constexpr auto kMakers =
+    MakersFor<Watches, WithLines>(std::make_index_sequence<StopSet::kMostBytes + 1>());
 
 MaskMaker MakerFor(const StopSet& stops) {
-  const bool lines = stops.hasLineEnd;
-  if (stops.pairCount == 0 && stops.hasSign)
-    return lines ? MakerForText<true, true>(stops.byteCount)
-                 : MakerForText<true, false>(stops.byteCount);
-  if (stops.pairCount == 0)
-    return lines ? MakerForText<false, true>(stops.byteCount)
-                 : MakerForText<false, false>(stops.byteCount);
-  if (stops.hasSign) return MakeMasksPortably;
-  return lines ? MakerForData<true>(stops.byteCount, stops.pairCount)
-               : MakerForData<false>(stops.byteCount, stops.pairCount);
+  if (stops.watches)
+    return stops.hasLineEnd ? kMakers<true, true>[stops.byteCount]
+                            : kMakers<true, false>[stops.byteCount];
+  return stops.hasLineEnd ? kMakers<false, true>[stops.byteCount]
+                          : kMakers<false, false>[stops.byteCount];
 }
 
 void MakeMasksForAvx2(const char* bytes, std::size_t count, const StopSet& stops,
@@ -192,14 +130,10 @@ void StopSet::addByte(char byte) {
   bytes[byteCount++] = byte;
 }
 
-void StopSet::addPair(char first, char second, char folded) {
-  assert(pairCount < kMostPairs);
-  pairs[pairCount++] = {first, second, folded};
-}
-
-void StopSet::setSign(char at0, char at1, char at4) {
-  sign = {at0, at1, at4};
-  hasSign = true;
+void StopSet::watch(char first, char second, const std::array<char, 3>& letters) {
+  watched = {first, second};
+  word = letters;
+  watches = true;
 }
 
 void StopSet::setLineEnd(char byte) {
@@ -224,7 +158,7 @@ void MakeMasksPortably(const char* bytes, std::size_t count, const StopSet& stop
       if (meaning & kFirst) made.first |= bit;
       if (meaning & kSecond) made.second |= bit;
       if (meaning & kLine) made.line |= bit;
-      const bool begins = (meaning & kBegins) && BeginsSomething(bytes + place, stops);
+      const bool begins = (meaning & kBegins) && BeginsWord(bytes + place, stops);
       if ((meaning & kStop) || begins) made.stop |= bit;
     }
     masks[block] = made;

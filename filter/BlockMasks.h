@@ -15,47 +15,33 @@ namespace Filter {
 
 // Bit i stands for byte i of the block.
 struct BlockMasks {
-  std::uint64_t first = 0;   // of the two watched bytes
-  std::uint64_t second = 0;  // of the two watched bytes
-  std::uint64_t stop = 0;    // the stops
-  std::uint64_t line = 0;    // line ends, when asked for
+  std::uint64_t first = 0;  // of the two watched bytes, when asked for
+  std::uint64_t second = 0;
+  std::uint64_t stop = 0;  // the stops
+  std::uint64_t line = 0;  // line ends, when asked for
 };
 
 // What the bits of the masks stand for.
 class StopSet {
  public:
-  // Two bytes that get masks of their own: parentheses, say. The second one may be the first: then
-  // its mask is empty.
-  StopSet(char first, char second) : watched{first, second} {}
-
   static constexpr std::size_t kMostBytes = 10;
-  static constexpr std::size_t kMostPairs = 6;  // of PCL, with all that it may have to look for
 
   // A byte that stops wherever it stands. REQUIRES: fewer than kMostBytes of them.
   void addByte(char byte);
-  // Two bytes that stop only one behind the other, for first bytes that data are full of. The bits
-  // of `folded` are set in the second byte before it is compared, so that a small letter stands for
-  // both cases. REQUIRES: fewer than kMostPairs of them.
-  void addPair(char first, char second, char folded = 0);
-  static constexpr char kAnyCase = 0x20;
-  // A long word by a few letters of it that hardly any other word has at the same distances. The
-  // stop stands at the first of the letters.
-  void setSign(char at0, char at1, char at4);
+  // Two bytes that get masks of their own, parentheses, say, and a long word that stops: by three
+  // letters of it, at the distances 0, 1 and 4, that hardly any other word has there. The stop
+  // stands at the first of them. REQUIRES: the two bytes differ
+  void watch(char first, char second, const std::array<char, 3>& letters);
   // The byte that ends a line.
   void setLineEnd(char byte);
 
   bool contains(char byte) const;
 
-  std::array<char, 2> watched;
   std::array<char, kMostBytes> bytes{};
   std::size_t byteCount = 0;
-  struct Pair {
-    char first, second, folded;
-  };
-  std::array<Pair, kMostPairs> pairs{};
-  std::size_t pairCount = 0;
-  std::array<char, 3> sign{};
-  bool hasSign = false;
+  bool watches = false;
+  std::array<char, 2> watched{};
+  std::array<char, 3> word{};
   char lineEnd = '\0';
   bool hasLineEnd = false;
 };

@@ -112,8 +112,14 @@ bool Filter::filterPcl() {
                                               .orvella = application.orvella,
                                               .pjl = pjlActive,
                                               .lineBegins = beforeLine});
+    pcl->onSequenceInData([this](std::uint64_t place, const char* where) {
+      job.page = pcl->pages() + 1;
+      job.noteBarcodeMissing(place, where);
+      keepFirst(Diag::kUnclosedSequence);
+    });
   }
-  job.stream.setLookBack(0);
+  pcl->beginLanguage();
+  job.stream.setLookBack(std::min(application.escapeBegin.size(), Stream::kLookBack));
   while (!job.isPostScript()) {
     const Found found = pcl->next(
         {.lineEnds = placement.waitsForLineEnd(), .pattern = placement.waitsForPattern()});

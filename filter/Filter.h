@@ -10,12 +10,14 @@
 //       EmbeddedData       pictures, fonts, counted sections
 //       StringFinder       the string that a begin token stands in
 //     PclScanner         the same for PCL
+//       PclData            pictures, fonts, other languages
 //     StringSequences    sequences in PostScript strings
 //     AutoInsert         the same with insert=auto
 //       PenMovement        where a split sequence has blanks
 //       PlacementCode      PostScript that finds where a text stands
 //     RawSequences       sequences among plain bytes
 //     OrvellaSequences   Orvella control sequences
+//       SequenceEnd        where the last two end
 //     BarcodeMaker       from a sequence's text to a barcode
 //     Placement          a barcode's place in the documented insert modes
 #pragma once

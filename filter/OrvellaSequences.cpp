@@ -1,7 +1,6 @@
 #include "filter/OrvellaSequences.h"
 
 #include "engine/GenerateWithSettings.h"
-#include "filter/Limits.h"
 #include "filter/OrvellaParameters.h"
 #include "filter/RawSequences.h"
 
@@ -22,7 +21,7 @@ ResultCode OrvellaSequences::handleOrvellaSequence() {
 ResultCode OrvellaSequences::handleHeader() {
   job.log.Trace(Diag::kInformation, "Orvella Header Sequence found.");
   const std::size_t front = kOrvellaHeaderBegin.size();
-  const std::size_t size = sizeToEnd(front, kOrvellaHeaderEnd, noHeaderEndBefore);
+  const std::size_t size = headerEnd.find(job, front, kOrvellaHeaderEnd);
   if (size == 0) {
     return reportUnclosed("Begin of Orvella control sequence (header) without valid end found!",
                           front);
@@ -37,7 +36,7 @@ ResultCode OrvellaSequences::handleHeader() {
 
 ResultCode OrvellaSequences::handleBody() {
   job.log.Trace(Diag::kInformation, "Orvella Body Sequence found.");
-  const std::size_t size = sizeToEnd(kOrvellaDataBegin, kOrvellaMarker, noBodyEndBefore);
+  const std::size_t size = bodyEnd.find(job, kOrvellaDataBegin, kOrvellaMarker);
   if (size == 0) {
     return reportUnclosed("Begin of Orvella control sequence (body) without valid end found!",
                           kOrvellaMarker.size());
@@ -75,25 +74,6 @@ void OrvellaSequences::blankBody() {
     AppendInPlaceOf(kZero, job, blanks);
     rest.remove_prefix(zero + 1);
   }
-}
-
-// The length of the sequence at the window's front, which ends with `end` behind its first `front`
-// bytes; 0 when it doesn't, or is longer than any.
-std::size_t OrvellaSequences::sizeToEnd(std::size_t front, std::string_view end,
-                                        std::uint64_t& missingBefore) {
-  const std::uint64_t place = job.stream.position();
-  std::size_t from = front;
-  if (missingBefore > place) from = std::max(from, static_cast<std::size_t>(missingBefore - place));
-  while (from < kLongestSequence) {
-    const std::string_view window = job.stream.peek(from + end.size());
-    const std::size_t found = window.find(end, from);
-    if (found < kLongestSequence) return found + end.size();
-    if (found != std::string_view::npos) break;
-    from = std::max(from, window.size() - std::min(window.size(), end.size() - 1));
-    if (!job.stream.extend()) break;
-  }
-  missingBefore = place + from;
-  return 0;
 }
 
 ResultCode OrvellaSequences::reportUnclosed(std::string_view message, std::size_t front) {

@@ -4,9 +4,9 @@
 
 #include "diag/ResultCode.h"
 #include "filter/Job.h"
+#include "filter/SequenceEnd.h"
 
 #include <cstddef>
-#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -23,7 +23,6 @@ class OrvellaSequences {
   Diag::ResultCode handleHeader();
   Diag::ResultCode handleBody();
   void blankBody();
-  std::size_t sizeToEnd(std::size_t front, std::string_view end, std::uint64_t& missingBefore);
   Diag::ResultCode reportUnclosed(std::string_view message, std::size_t front);
 
   Job& job;
@@ -33,9 +32,7 @@ class OrvellaSequences {
   // memory is used again.
   std::string body;
   std::string blanks;
-  // No header, no body ends in front of this place in the job; it was looked for.
-  std::uint64_t noHeaderEndBefore = 0;
-  std::uint64_t noBodyEndBefore = 0;
+  SequenceEnd headerEnd, bodyEnd;
 };
 
 }  // namespace Filter

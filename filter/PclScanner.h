@@ -1,15 +1,22 @@
 // Reads a PCL job up to the next place that matters to the filter, and passes everything in front
-// of it on. Pages of PCL are full of raster data that hold every byte, so what is looked for are
-// pairs of bytes.
+// of it on.
+//
+// Text and commands go through bit masks of 64 bytes; data behind commands are passed by what
+// PclData.h knows of them, rows of a picture that follow each other without a look at anything
+// else.
 #pragma once
 
 #include "filter/BlockMasks.h"
 #include "filter/Found.h"
+#include "filter/PclData.h"
 #include "filter/Stream.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
+#include <utility>
 
 namespace Filter {
 
@@ -29,6 +36,9 @@ class PclScanner {
 
   PclScanner(Stream& newStream, const Marks& newMarks);
 
+  // The language begins at the window's front.
+  void beginLanguage() { xlMayBegin = XlMayBegin::kHere; }
+
   // Forwards the job up to what is found, which then stands at the window's front.
   Found next(const Wanted& newWanted);
 
@@ -36,26 +46,44 @@ class PclScanner {
   std::uint64_t lineBegin() const { return lineBeginPlace; }
   // Pages ended so far, by form feeds.
   unsigned pages() const { return pageCount; }
+  // Called with the place in the job of a sequence in data, which stay as they are, and says where
+  // it stands.
+  void onSequenceInData(std::function<void(std::uint64_t place, const char* where)> call) {
+    dataSequence = std::move(call);
+  }
 
  private:
-  static constexpr char kFormFeed = '\f';
+  static constexpr std::size_t kFewBlocks = 4, kManyBlocks = 64;
 
   void chooseStops(const Wanted& newWanted);
-  void countPages(std::uint64_t formFeeds) {
-    for (; formFeeds != 0; formFeeds &= formFeeds - 1) ++pageCount;
-  }
-  Found findIn(const BlockMasks& masks, std::size_t base);
-  Found whatIsAt(std::size_t at);
+  void lookForPclXl();
+  void passData();
+  void passCommands();
+  void passScanned();
+  bool scanBlocks();
+  bool walk(std::size_t count);
+  bool visit(std::size_t at);
+  bool settle(std::size_t at, bool command);
+  Found whatIsAt(std::size_t at, char byte);
 
   Stream& stream;
   const Marks marks;
   const MaskMaker makeMasks;
-  StopSet stops{kFormFeed, kFormFeed};
+  StopSet stops;
+  std::array<BlockMasks, kManyBlocks> masks;
   Wanted wanted;
   bool stopsChosen = false;
-  std::size_t foundAt = 0;  // in the window
+  bool escapeStops = false;  // what the filter looks for may begin with the escape
+
+  std::size_t position = 0;  // in the window: scanned up to here
+  std::size_t blocks = kFewBlocks;
+  bool atCommand = false;  // the escape at `position` may begin data
+  enum class XlMayBegin { kNot, kHere, kBehindLine } xlMayBegin = XlMayBegin::kNot;
+  PclData data;  // behind `position`
+  Found found = Found::kEnd;
   std::uint64_t lineBeginPlace = UINT64_MAX;
   unsigned pageCount = 0;
+  std::function<void(std::uint64_t place, const char* where)> dataSequence;
 };
 
 }  // namespace Filter

@@ -48,14 +48,14 @@ void PostScriptScanner::chooseStops(const Wanted& newWanted) {
   if (stopsChosen && newWanted == wanted) return;
   stopsChosen = true;
   wanted = newWanted;
-  stops = StopSet('(', ')');
+  stops = StopSet();
+  stops.watch('(', ')', {kReaderWord[6], kReaderWord[7], kReaderWord[10]});
   for (const char byte : {'\\', '<', '%'}) stops.addByte(byte);
   if (!marks.begin.empty()) stops.addByte(marks.begin.front());
   if (marks.languageMayEnd) stops.addByte(kEscape);
   if (marks.orvella) stops.addByte(kOrvellaControl);
   if (wanted.pjl) stops.addByte('@');
   if (wanted.pattern) stops.addByte(marks.insertPattern.front());
-  stops.setSign(kReaderWord[6], kReaderWord[7], kReaderWord[10]);
   if (marks.lineBegins || wanted.lineEnds || marks.stringsEndWithLines) {
     stops.setLineEnd(marks.lineEnd);
   }
@@ -246,19 +246,12 @@ void PostScriptScanner::passData() {
     if (window.empty()) return;
     const std::size_t size = data.take(window, stream.inputEnded(), marks.begin);
     if (size > 0) {
-      if (data.isStream()) reportSequencesInStream(size);
+      if (data.isStream() && streamSequence)
+        ForEachToken(stream, size, marks.begin, streamSequence);
       stream.forward(size);
     } else if (!data.finished() && stream.extend()) {
       continue;
     }
-  }
-}
-
-void PostScriptScanner::reportSequencesInStream(std::size_t size) {
-  if (marks.begin.empty() || !streamSequence) return;
-  const std::string_view text = stream.before(size, size + marks.begin.size() - 1);
-  for (std::size_t at = text.find(marks.begin); at != kNone; at = text.find(marks.begin, at + 1)) {
-    streamSequence(stream.position() + size - text.size() + at);
   }
 }
 

@@ -89,7 +89,6 @@ class PostScriptScanner {
   void readComment(std::string_view comment);
   bool beginData(std::size_t at, const std::optional<FoundData>& sectionFound);
   void passData();
-  void reportSequencesInStream(std::size_t size);
 
   bool endString(std::size_t end);
   bool escapesBegin(std::size_t at);
@@ -109,7 +108,7 @@ class PostScriptScanner {
   Stream& stream;
   const Marks marks;
   const MaskMaker makeMasks;
-  StopSet stops{'(', ')'};
+  StopSet stops;
   Wanted wanted;
   bool stopsChosen = false;
 

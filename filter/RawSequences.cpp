@@ -1,7 +1,6 @@
 #include "filter/RawSequences.h"
 
 #include "filter/Arguments.h"
-#include "filter/Limits.h"
 #include "filter/PlacementCode.h"
 
 #include <algorithm>
@@ -25,11 +24,11 @@ void AppendInPlaceOf(std::string_view sequence, const Job& job, std::string& bla
 
 ResultCode RawSequences::handleEscapeSequence(std::uint64_t lineBegin) {
   const std::string& beginToken = job.application.escapeBegin;
-  const std::size_t size = sizeToEnd();
+  // The byte behind the begin token belongs neither to the options nor to the output.
+  const std::size_t size = end.find(job, beginToken.size() + 1, job.application.escapeEnd);
   if (size == 0) return reportUnclosed();
   const std::uint64_t place = job.stream.position();
   std::string sequence(job.stream.peek(size).substr(0, size));
-  // The byte behind the begin token belongs neither to the options nor to the output.
   sequence.erase(beginToken.size(), 1);
   job.log.Trace(Diag::kDebug, "----------------------------------------------------");
   job.log.Trace(Diag::kDebug, "New Bar Code");
@@ -64,28 +63,6 @@ void RawSequences::replace(std::size_t size, std::string_view blanks, std::strin
   job.stream.consume(size);
   job.stream.putString(blanks);
   if (behind && !output.empty()) placement.place(output, false, lineBegin);
-}
-
-// The length of the sequence at the window's front; 0 when it has no end, or is longer than any.
-std::size_t RawSequences::sizeToEnd() {
-  const std::string& endToken = job.application.escapeEnd;
-  const std::uint64_t place = job.stream.position();
-  std::size_t from = job.application.escapeBegin.size();
-  // The test for the end is made behind the dropped byte.
-  const std::size_t dropped = from + 1;
-  if (endToken.empty()) return dropped;
-  from = std::max<std::size_t>(
-      dropped, noEndBefore > place ? static_cast<std::size_t>(noEndBefore - place) : 0);
-  while (from < kLongestSequence) {
-    const std::string_view window = job.stream.peek(from + 1);
-    const std::size_t end = window.find(endToken, from);
-    if (end < kLongestSequence) return end + endToken.size();
-    if (end != std::string_view::npos) break;
-    from = std::max(from, window.size() - std::min(window.size(), endToken.size() - 1));
-    if (!job.stream.extend()) break;
-  }
-  noEndBefore = place + from;
-  return 0;
 }
 
 ResultCode RawSequences::reportUnclosed() {

@@ -5,6 +5,7 @@
 #include "filter/BarcodeMaker.h"
 #include "filter/Job.h"
 #include "filter/Placement.h"
+#include "filter/SequenceEnd.h"
 
 #include <cstdint>
 #include <string>
@@ -26,7 +27,6 @@ class RawSequences {
   Diag::ResultCode handleEscapeSequence(std::uint64_t lineBegin);
 
  private:
-  std::size_t sizeToEnd();
   void replace(std::size_t size, std::string_view blanks, std::string_view output,
                std::uint64_t lineBegin);
   Diag::ResultCode reportUnclosed();
@@ -34,8 +34,7 @@ class RawSequences {
   Job& job;
   BarcodeMaker& maker;
   Placement& placement;
-  // No end token begins in front of this place in the job, behind the last begin token.
-  std::uint64_t noEndBefore = 0;
+  SequenceEnd end;
 };
 
 }  // namespace Filter

@@ -36,7 +36,8 @@ std::vector<Job> SmallJobs() {
        "() <~~> \x1c $ @ @PJL\r\n% $_vxrs no\r\n( ( )"},
       {"PCL",
        "\033E\033&l0O\033(10U\033(s0p10.00h12.0v0s0b3TInvoice $_vx $_ 12%\r\n"
-       "\033*t300R\033*r1A\033*b4W\x01\x02$_\033*rC<<(\\ \034x \x1c\f\033E"},
+       "\033*t300R\033*r1A\033*b4W\x01\x02$_\033*rC<<(\\ \034x \x1c\f"
+       "\033*b3m2w$_5w12\033*b3W\033%0BSP1;LB$_\x03\033%0A\033*b-5W\033&p9X12345"},
       {"PJL",
        exit +
            "@PJL JOB NAME=\"a\"\r\n@PJL SET COPIES=2\r\n@PJL ENTER LANGUAGE = POSTSCRIPT \r\n"

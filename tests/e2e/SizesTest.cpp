@@ -37,6 +37,7 @@ TEST(Sizes, RepeatedPiecesPassUnchanged) {
   const struct {
     std::string front, piece;
     bool told = false;
+    std::string back{};
   } rows[] = {
       {"%!PS\n", "("},
       {"%!PS\n", "<"},
@@ -55,11 +56,18 @@ TEST(Sizes, RepeatedPiecesPassUnchanged) {
       {"%!PS\n", "(\x01$_vxrs ", true},
       {"%!PS\n", "$_vxrs ", true},
       {"\033E", "$_vxrs ", true},
+      {"\033E", "$_vxrs ", true, "\033*b1W.$_vxre"},
+      {"\033E", "\033*b1W"},
+      {"\033E", "\033*b1w"},
+      {"\033E", "\033%0B\033E"},
+      {"\033%0B", "\033%0"},
+      {"\033E", "\033%-12345X"},
+      {"\033E", "@PJL "},
   };
   for (const auto& row : rows) {
     for (const std::string settings : {"insert=beforestring", "insert=beforeline", "insert=auto"}) {
       SCOPED_TRACE(row.front + row.piece + ", " + settings);
-      const std::string pieces = Repeated(row.piece, kJobSize);
+      const std::string pieces = Repeated(row.piece, kJobSize) + row.back;
       const Program::Result result = Recorded(Filter(settings)).run(row.front + pieces);
       EXPECT_TRUE(result.output == row.front + pieces);
       EXPECT_EQ(result.status, 0);

@@ -11,7 +11,7 @@
 namespace Filter {
 namespace {
 
-// Few byte values, so that pairs and signs come about.
+// Few byte values, so that the word comes about.
 constexpr std::string_view kAlphabet = "()%<\\@$_\r\n\f\033rtf \xff\x80";
 
 char RandomByte(std::mt19937& random) {
@@ -19,23 +19,18 @@ char RandomByte(std::mt19937& random) {
 }
 
 StopSet RandomStops(std::mt19937& random) {
-  StopSet stops = random() % 4 == 0 ? StopSet('\f', '\f') : StopSet('(', ')');
+  StopSet stops;
   for (auto count = random() % StopSet::kMostBytes; count > 0; --count)
     stops.addByte(RandomByte(random));
-  for (auto count = random() % StopSet::kMostPairs; count > 0; --count)
-    stops.addPair(RandomByte(random), RandomByte(random), random() % 3 ? '\0' : StopSet::kAnyCase);
-  if (random() % 2) stops.setSign(RandomByte(random), RandomByte(random), RandomByte(random));
+  if (random() % 4)
+    stops.watch('(', ')', {RandomByte(random), RandomByte(random), RandomByte(random)});
   if (random() % 2) stops.setLineEnd(random() % 2 ? '\n' : '\r');
   return stops;
 }
 
 bool Stops(const char* at, const StopSet& stops) {
-  bool stop = stops.contains(at[0]);
-  for (std::size_t i = 0; i < stops.pairCount; ++i)
-    stop |=
-        at[0] == stops.pairs[i].first && (at[1] | stops.pairs[i].folded) == stops.pairs[i].second;
-  return stop || (stops.hasSign && at[0] == stops.sign[0] && at[1] == stops.sign[1] &&
-                  at[4] == stops.sign[2]);
+  return stops.contains(at[0]) || (stops.watches && at[0] == stops.word[0] &&
+                                   at[1] == stops.word[1] && at[4] == stops.word[2]);
 }
 
 TEST(BlockMasks, AreTheSameFromEveryMakerAndAsTheBytesSay) {
@@ -51,8 +46,8 @@ TEST(BlockMasks, AreTheSameFromEveryMakerAndAsTheBytesSay) {
       for (std::size_t place = 0; place < best.size() * kBlockSize; ++place) {
         const char* const at = bytes.data() + offset + place;
         const auto [first, second] = stops.watched;
-        const bool expected[] = {*at == first, *at == second && second != first, Stops(at, stops),
-                                 stops.hasLineEnd && *at == stops.lineEnd};
+        const bool expected[] = {stops.watches && *at == first, stops.watches && *at == second,
+                                 Stops(at, stops), stops.hasLineEnd && *at == stops.lineEnd};
         for (const auto* const made : {&best, &portable}) {
           const BlockMasks& block = (*made)[place / kBlockSize];
           const std::uint64_t masks[] = {block.first, block.second, block.stop, block.line};
