@@ -119,6 +119,7 @@ void PclScanner::passCommands() {
 
 // Forwards what was scanned.
 void PclScanner::passScanned() {
+  if (marks.lineBegins) stream.keepFrom(lineBeginPlace);
   stream.forward(position);
   position = 0;
 }
@@ -126,7 +127,6 @@ void PclScanner::passScanned() {
 // Scans some blocks at the window's front. False at the end of the job.
 bool PclScanner::scanBlocks() {
   passScanned();
-  if (marks.lineBegins) stream.keepFrom(lineBeginPlace);
   const std::string_view window = stream.peek(kBlockSize + kMargin);
   if (window.empty()) return false;
   std::size_t count = 1;
@@ -167,6 +167,7 @@ bool PclScanner::walk(std::size_t count) {
   return false;
 }
 
+// Most stops are commands that need no more than a look.
 inline bool PclScanner::visit(std::size_t at) {
   const std::string_view text = stream.peek(0).substr(at);
   const bool command = text[0] == kPclEscape;

@@ -17,9 +17,10 @@ std::size_t SequenceEnd::find(Job& job, std::size_t front, std::string_view end)
     const std::string_view window = job.stream.peek(from + end.size());
     const std::size_t found = window.find(end, from);
     if (found < kLongestSequence) {
-      const std::size_t data = job.isPostScript() ? kNone : FindPclData(window.substr(0, found));
+      const std::string_view inside = window.substr(front, found - front);
+      const std::size_t data = job.isPostScript() ? kNone : FindPclData(inside);
       if (data == kNone) return found + end.size();
-      dataAt = place + data;
+      dataAt = place + front + data;
       return 0;
     }
     if (found != kNone) break;

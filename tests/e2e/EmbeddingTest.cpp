@@ -333,10 +333,12 @@ TEST(Embedding, ASequenceInAStringOfAnyLengthIsFound) {
 TEST(Embedding, ALineLongerThanAnyReadIsKeptForTheBarcodeInFrontOfIt) {
   const std::string line(400000, 'x');
   const std::string blanks(21, ' ');
-  for (const std::string front : {"\033E\n", "%!PS\n"}) {
+  const std::pair<std::string, std::string> rows[] = {
+      {"\033E\n", line}, {"%!PS\n", line}, {"\033E\n", "a\033*b400000W" + line}};
+  for (const auto& [front, text] : rows) {
     const Program::Result result = Recorded(Filter("insert=beforeline nooverhead"))
-                                       .run(front + line + "$_vxrs --data=1 $_vxre\n");
-    EXPECT_TRUE(result.output == front + kDrawing + line + blanks + "\n") << front;
+                                       .run(front + text + "$_vxrs --data=1 $_vxre\n");
+    EXPECT_TRUE(result.output == front + kDrawing + text + blanks + "\n") << front;
   }
 }
 

@@ -86,6 +86,17 @@ TEST(PclData, AreNothingElse) {
   }
 }
 
+TEST(PclData, GiveWayToTokensAndPatternsThatBeginWithAnEscape) {
+  const std::string row = Counted("*b", "W", kHidden), token = "\033*b3W";
+  const std::string sequence = token + " --data=1 $_vxre";
+  EXPECT_EQ(Removing("escapebegin=" + token).run(kReset + row + row + sequence + row).output,
+            kReset + row + row + kDrawn + row);
+  EXPECT_EQ(Removing("insert=afterline insertpattern=" + token)
+                .run(kReset + kSequence + row + row + token + "$_v" + row + "\n")
+                .output,
+            kReset + row + row + token + "$_v" + row + "\n" + kDrawn);
+}
+
 // The job's bytes win, and a barcode that is missing is told where text may stand.
 TEST(PclData, WithAWrongCountStayAndWhatTheyHideIsTold) {
   const std::string text = "one " + kSequence + "\ntwo " + kSequence + kOrvella + "\f";
