@@ -5,8 +5,7 @@
 #
 #   bench/passthrough.sh [program [megabytes [rounds]]]
 #
-# Each insert mode is measured, and PCL with orvella=on; PCL's raster is noise, in which an Orvella
-# sequence seems to begin now and then.
+# Each insert mode is measured, and PCL with orvella=on; PCL's pages are text and rasters of noise.
 set -euo pipefail
 program=${1:-build/release/bin/vextorin}
 megabytes=${2:-256}

@@ -8,6 +8,7 @@
 namespace Filter {
 
 BeginMatch MatchBegin(std::string_view text, std::string_view token) {
+  if (token.empty()) return BeginMatch::kNone;
   while (!token.empty()) {
     if (text.empty()) return BeginMatch::kNone;
     if (text.front() == ')') return BeginMatch::kPart;

@@ -147,7 +147,7 @@ bool PostScriptScanner::visitInString(std::size_t at, char byte) {
       return endString(at + 1);
     case '\\':
       skipTo = at + 2;
-      return escapesBegin(at) && candidateAt(at);
+      return candidateAt(at);
     case '<':
       return visitHiddenString(at);
     default:
@@ -291,12 +291,6 @@ bool PostScriptScanner::lineEndsInString(std::size_t at) {
   if (!same) oneLineFrom = front + stringBegin;
   oneLineTo = std::max(front + at, same ? oneLineTo : 0);
   return false;
-}
-
-// Whether the escape at this place can stand for the begin token's first byte.
-bool PostScriptScanner::escapesBegin(std::size_t at) {
-  const char next = stream.peek(at + 2).substr(at).size() > 1 ? stream.peek(0)[at + 1] : '\0';
-  return (next >= '0' && next <= '7') || marks.begin.starts_with(next);
 }
 
 // Whether a begin token stands at this place of a literal string, and if so the string.

@@ -136,6 +136,12 @@ TEST(Embedding, FindsEverySequenceInEveryFormOfString) {
        {"octal and other escapes", "",
         "(\\101\\(\\044_vx\\162s \\-\\-data=1 $_vx\\\nre\\r\\n\\t\\b\\f\\001\\377\\q) show\n",
         kBarcode + "(A\\(" + kBlanked + "\\r\\n\\t\\b\\f\\001\\377q) show\n"},
+       {"a begin that needs no escape", "", "(\\" + kSequence + "\\)) show\n",
+        kBarcode + "(" + kBlanked + "\\)) show\n"},
+       {"behind a marker that would begin a comment", "",
+        "currentfile 0 (%E) /SubFileDecode filter exec\n\x01(%E(" + kSequence + ") show\n",
+        "currentfile 0 (%E) /SubFileDecode filter exec\n\x01(%E" + kBarcode + "(" + kBlanked +
+            ") show\n"},
        {"nested parentheses", "", "(((" + kSequence + ")x)) show\n",
         kBarcode + "(\\(\\(" + kBlanked + "\\)x\\)) show\n"},
        {"several lines", "", "(one\ntwo " + kSequence + "\n(three)) show\n",
@@ -175,6 +181,9 @@ TEST(Embedding, BlanksOrRemovesTheSequence) {
              {"in a string", "remove", "%!PS\n(one " + kSequence + ") show\n",
               "%!PS\n" + kBarcode + "(one ) show\n"},
              {"raw", "remove", "a" + kSequence + "b", "a" + kDrawing + "b"},
+             {"what then meets is no sequence", "remove",
+              "%!PS\n(a$_v" + kSequence + "xrs --data=2 $_vxre) show\n",
+              "%!PS\n" + kBarcode + "(a$_vxrs --data=2 $_vxre) show\n"},
              {"asked by the sequence itself, too late", "", "a$_vxrs --data=1 --remove $_vxreb",
               "a" + kDrawing + Blanks(30) + "b"}});
 }

@@ -110,7 +110,8 @@ const char* const kWays[] = {"",
                              "remove orvella=on",
                              "stream=ps",
                              "stream=pcl",
-                             "insert=auto"};
+                             "insert=auto",
+                             "escapebegin=\"\""};
 
 TEST(PassThrough, LeavesJobsWithoutSequencesUnchanged) {
   std::vector<Job> jobs = SmallJobs();
