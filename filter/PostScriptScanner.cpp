@@ -147,7 +147,7 @@ bool PostScriptScanner::visitInString(std::size_t at, char byte) {
       return endString(at + 1);
     case '\\':
       skipTo = at + 2;
-      return candidateAt(at);
+      return escapesBegin(at) && candidateAt(at);
     case '<':
       return visitHiddenString(at);
     default:
@@ -291,6 +291,13 @@ bool PostScriptScanner::lineEndsInString(std::size_t at) {
   if (!same) oneLineFrom = front + stringBegin;
   oneLineTo = std::max(front + at, same ? oneLineTo : 0);
   return false;
+}
+
+// Whether the escape at this place can stand for the begin token's first byte, at a glance.
+bool PostScriptScanner::escapesBegin(std::size_t at) {
+  const std::string_view text = stream.peek(at + 2).substr(at);
+  return text.size() > 1 &&
+         ((text[1] >= '0' && text[1] <= '7') || marks.begin.starts_with(text[1]));
 }
 
 // Whether a begin token stands at this place of a literal string, and if so the string.

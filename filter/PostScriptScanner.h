@@ -91,6 +91,7 @@ class PostScriptScanner {
   void passData();
 
   bool endString(std::size_t end);
+  bool escapesBegin(std::size_t at);
   bool candidateAt(std::size_t at);
   bool findStringAround(std::size_t at, bool whole);
   bool inComment(std::size_t at);

@@ -172,7 +172,10 @@ TEST(Embedding, FindsEverySequenceInEveryFormOfString) {
       "%!PS\n");
   CheckRows({{"two raw ones", "", kSequence + kSequence + "\n", kRaw + kRaw + "\n"},
              {"own tokens", "escapebegin=<<<BC escapeend=BC>>>", "a<<<BC --data=1 BC>>>b",
-              "a" + kDrawing + Blanks(19) + "b"}});
+              "a" + kDrawing + Blanks(19) + "b"},
+             {"own tokens, escaped", "escapebegin=<<<BC escapeend=BC>>>",
+              "%!PS\n(\\74<<BC --data=1 BC>>>) show\n",
+              "%!PS\n" + kBarcode + "(" + Blanks(20) + ") show\n"}});
 }
 
 TEST(Embedding, BlanksOrRemovesTheSequence) {
