@@ -109,25 +109,50 @@ std::uint64_t EightBytes(const char* at) {
   return bytes;
 }
 
-constexpr std::size_t kLongestRowCommand = sizeof(std::uint64_t);  // ESC*b9999W
-
-// A row of a raster that is no part of a combined command.
+// A row or plane of a raster with its command, in which nothing but parameters without sign and
+// data may be combined with it.
 struct Row {
-  std::size_t size = 0;    // with its command; 0 for none
-  std::uint64_t mask = 0;  // of the command's bytes
+  std::size_t size = 0;  // 0 for none
+  std::size_t commandSize = 0;
 };
+constexpr std::size_t kLongestRowCommand = 16;
 
 Row RowAt(std::string_view text) {
   if (text.size() < kLongestRowCommand || !text.starts_with("\033*b")) return {};
-  std::size_t bytes = 0;
-  std::size_t at = 3;
-  for (; at < kLongestRowCommand - 1 && IsDigit(text[at]); ++at)
-    bytes = bytes * 10 + static_cast<std::size_t>(text[at] - '0');
-  if (text[at] != 'W' && text[at] != 'V') return {};
-  Row row{at + 1 + bytes};
-  std::memset(&row.mask, 0xff, at + 1);
-  return row;
+  std::size_t number = 0;
+  for (std::size_t at = 3; at < kLongestRowCommand; ++at) {
+    const char c = text[at];
+    if (IsDigit(c)) {
+      number = number * 10 + static_cast<std::size_t>(c - '0');
+    } else if (c == 'W' || c == 'V') {
+      return {at + 1 + number, at + 1};
+    } else if (c < '`' || c > '~' || c == 'w' || c == 'v') {
+      return {};
+    } else {
+      number = 0;
+    }
+  }
+  return {};
 }
+
+// Tells whether a text begins with the same command as a row. REQUIRES: kLongestRowCommand bytes.
+class SameCommand {
+ public:
+  SameCommand(const char* row, std::size_t size)
+      : tail(std::max<std::size_t>(size, 8) - 8),
+        mask(EightBytes(kOnes.data() + 8 - std::min<std::size_t>(size, 8))),
+        first(EightBytes(row) & mask),
+        last(EightBytes(row + tail) & mask) {}
+
+  bool at(const char* text) const {
+    return (EightBytes(text) & mask) == first && (EightBytes(text + tail) & mask) == last;
+  }
+
+ private:
+  static constexpr std::string_view kOnes{"\xff\xff\xff\xff\xff\xff\xff\xff\0\0\0\0\0\0\0", 15};
+  std::size_t tail;
+  std::uint64_t mask, first, last;
+};
 
 }  // namespace
 
@@ -190,10 +215,9 @@ std::size_t PclRowsInFront(std::string_view text) {
     const Row row = RowAt(text.substr(at));
     if (row.size == 0 || row.size > text.size() - at) return at;
     // The rows of a picture that is not compressed all begin alike.
-    const std::uint64_t begin = EightBytes(text.data() + at) & row.mask;
+    const SameCommand same(text.data() + at, row.commandSize);
     do at += row.size;
-    while (text.size() - at >= std::max(row.size, kLongestRowCommand) &&
-           (EightBytes(text.data() + at) & row.mask) == begin);
+    while (text.size() - at >= std::max(row.size, kLongestRowCommand) && same.at(text.data() + at));
   }
 }
 
