@@ -14,7 +14,7 @@ std::size_t SequenceEnd::find(Job& job, std::size_t front, std::string_view end)
   std::size_t from = front;
   if (noEndBefore > place) from = std::max(from, static_cast<std::size_t>(noEndBefore - place));
   while (from < kLongestSequence) {
-    const std::string_view window = job.stream.peek(from + end.size());
+    const std::string_view window = job.stream.peek(from);
     const std::size_t found = window.find(end, from);
     if (found < kLongestSequence) {
       const std::string_view inside = window.substr(front, found - front);
