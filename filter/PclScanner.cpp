@@ -83,7 +83,7 @@ void PclScanner::passData() {
     stream.forward(size);
     if (size == 0 && !data.finished()) stream.extend();
     if (!data.finished()) continue;
-    atCommand = !escapeStops && stream.window().starts_with(kPclEscape);
+    atCommand = !escapeStops;
     if (data.goesOnWith() == 0) continue;
     const std::string_view text = stream.peek(kLongestPclCommand).substr(0, kLongestPclCommand);
     const PclCommand rest = ReadPclParameters(text, data.goesOnWith());

@@ -77,7 +77,7 @@ class PclScanner {
 
   std::size_t position = 0;  // in the window: scanned up to here
   std::size_t blocks = kFewBlocks;
-  bool atCommand = false;  // the escape at `position` may begin data
+  bool atCommand = false;  // at `position` may stand a command with data
   enum class XlMayBegin { kNot, kHere, kBehindLine } xlMayBegin = XlMayBegin::kNot;
   PclData data;  // behind `position`
   Found found = Found::kEnd;

@@ -87,7 +87,7 @@ TEST(PclData, AreNothingElse) {
 }
 
 TEST(PclData, GiveWayToTokensAndPatternsThatBeginWithAnEscape) {
-  const std::string row = Counted("*b", "W", kHidden), token = "\033*b3W";
+  const std::string row = Counted("*b", "W", kHidden) + "\033&p2Xab", token = "\033*b3W";
   const std::string sequence = token + " --data=1 $_vxre";
   EXPECT_EQ(Removing("escapebegin=" + token).run(kReset + row + row + sequence + row).output,
             kReset + row + row + kDrawn + row);
