@@ -24,10 +24,17 @@ build "$preset" -DVEXTORIN_TESTS=ON
 
 say "Testing"
 report=$PWD/build/$preset/tests.xml
-rm -f "$report"
+symbologies=$PWD/build/$preset/symbologies
+rm -f "$report" "$symbologies".*
+if (($# == 0)); then export VEXTORIN_WHOLE_RUN=1; fi
 status=0
 ctest --test-dir "build/$preset" --parallel "$(nproc)" --output-on-failure --no-tests=error \
   --output-junit "$report" "$@" || status=$?
+
+if [[ -e $symbologies.txt ]]; then
+  say "Barcode types read back"
+  cat "$symbologies.txt"
+fi
 
 # The report's first element counts: tests, failures, disabled and skipped ones.
 count() {

@@ -317,7 +317,7 @@ TEST(QrCode, IsReadBackAndNeverLargerThanLibzints) {
       options.qr.ecLevel = round % 4;
       SCOPED_TRACE(testing::Message() << name << ", " << length << ", " << options.qr.ecLevel);
       const Symbol symbol = Library::Encode(options);
-      EXPECT_EQ(Scan(symbol).bytes, options.data);
+      EXPECT_TRUE(ReadsBack(symbol, options.data));
       const Grid theirs = GridByLibzint(BARCODE_QRCODE, options.data, [&](zint_symbol& s) {
         s.option_1 = options.qr.ecLevel + 1;
       });
@@ -367,7 +367,7 @@ TEST(QrCode, TellsTheReaderFormatEciAndPlace) {
     row.set(options);
     const Scanned scanned = Scan(Library::Encode(options));
     EXPECT_EQ(scanned.identifier, row.identifier);
-    EXPECT_EQ(scanned.bytes, row.bytes);
+    EXPECT_TRUE(IsRead(scanned, row.bytes));
   }
 }
 
@@ -444,7 +444,7 @@ TEST(MicroQrCode, HasTheModulesOfLibzints) {
     if (refused) continue;
     ++compared;
     const Symbol symbol = Library::Encode(options);
-    EXPECT_EQ(Scan(symbol).bytes, options.data);
+    EXPECT_TRUE(ReadsBack(symbol, options.data));
     EXPECT_EQ(symbol.rows.size(), theirs.size());
     equal += GridOf(symbol) == theirs ? 1 : 0;
   }
@@ -555,7 +555,7 @@ TEST(UpnQr, IsOneVersionOfBytesInLatin2) {
   }
   options.qr.mask = -1;
   options.data = source.bytes(411, 160);
-  EXPECT_EQ(Scan(Library::Encode(options)).bytes, options.data);
+  EXPECT_TRUE(ReadsBack(Library::Encode(options), options.data));
   options.data += 'x';
   EXPECT_EQ(RefusalOf(options), (Refusal{BC_E_DATATOOLONG, -1}));
   options.data = "x";
@@ -577,7 +577,7 @@ TEST(HibcQrCode, HoldsTheWholeMessage) {
     Options options = OptionsFor(type, data);
     const Symbol symbol = Library::Encode(options);
     const Scanned scanned = Scan(symbol);
-    EXPECT_EQ(scanned.bytes, message);
+    EXPECT_TRUE(IsRead(scanned, message));
     EXPECT_EQ(scanned.identifier, "]Q1");
     EXPECT_EQ(symbol.texts.at(0).text, std::string("*") + message + "*");
     EXPECT_EQ(symbol.checkDigits, std::string(1, std::string(message).back()));

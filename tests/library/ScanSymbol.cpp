@@ -1,6 +1,7 @@
 #include "tests/library/ScanSymbol.h"
 
 #include "library/Error.h"
+#include "tests/library/Coverage.h"
 
 #include <ZXing/ReadBarcode.h>
 
@@ -65,7 +66,8 @@ Scanned Scan(const Library::Symbol& symbol) {
       {bitmap.pixels.data(), bitmap.width, bitmap.height, ZXing::ImageFormat::Lum}, hints);
   const ZXing::ByteArray& bytes = result.bytes();
   const ZXing::ByteArray withEci = result.bytesECI();
-  return {result.isValid() ? ZXing::ToString(result.format()) : "None",
+  return {symbol.type,
+          result.isValid() ? ZXing::ToString(result.format()) : "None",
           std::string(bytes.begin(), bytes.end()),
           result.symbologyIdentifier(),
           result.sequenceIndex(),
@@ -73,6 +75,19 @@ Scanned Scan(const Library::Symbol& symbol) {
           result.sequenceId(),
           result.readerInit(),
           std::string(withEci.begin(), withEci.end())};
+}
+
+testing::AssertionResult IsRead(const Scanned& scanned, const std::string& bytes) {
+  const bool good = scanned.format != "None" && scanned.bytes == bytes;
+  NoteSymbol(scanned.type, "ZXing", good);
+  if (good) return testing::AssertionSuccess();
+  return testing::AssertionFailure()
+         << scanned.format << " " << testing::PrintToString(scanned.bytes) << " in place of "
+         << testing::PrintToString(bytes);
+}
+
+testing::AssertionResult ReadsBack(const Library::Symbol& symbol, const std::string& bytes) {
+  return IsRead(Scan(symbol), bytes);
 }
 
 Library::Options OptionsFor(int type, const std::string& data) {

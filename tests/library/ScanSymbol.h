@@ -4,10 +4,13 @@
 #include "library/Options.h"
 #include "library/symbology/Encode.h"
 
+#include <gtest/gtest.h>
+
 #include <ostream>
 #include <string>
 
 struct Scanned {
+  int type;            // of the symbol
   std::string format;  // ZXing's name, "None" when nothing was read
   std::string bytes;
   std::string identifier;  // "]C1"
@@ -18,6 +21,10 @@ struct Scanned {
 };
 
 Scanned Scan(const Library::Symbol& symbol);
+
+// Whether ZXing read these bytes, which is noted for the table of all types.
+testing::AssertionResult IsRead(const Scanned& scanned, const std::string& bytes);
+testing::AssertionResult ReadsBack(const Library::Symbol& symbol, const std::string& bytes);
 
 Library::Options OptionsFor(int type, const std::string& data);
 
