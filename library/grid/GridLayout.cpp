@@ -24,6 +24,7 @@ void Move(Drawing& drawing, std::int32_t x, std::int32_t y) {
     std::for_each(polygon.points.begin(), polygon.points.end(), move);
   }
   for (Ring& ring : drawing.rings) move(ring.centre);
+  for (BarField& field : drawing.fields) move(field.origin);
   for (TextRun& text : drawing.texts) move(text.anchor);
 }
 
@@ -34,6 +35,8 @@ void AppendTo(std::vector<Shape>& shapes, std::vector<Shape>& added) {
 }
 
 void AppendTo(Drawing& drawing, Drawing&& added) {
+  for (BarField& field : added.fields) field.first += drawing.rectangles.size();
+  AppendTo(drawing.fields, added.fields);
   AppendTo(drawing.rectangles, added.rectangles);
   AppendTo(drawing.polygons, added.polygons);
   AppendTo(drawing.rings, added.rings);
@@ -107,7 +110,7 @@ class GridPlacer {
     Drawing drawing =
         LayOut(symbol, options, {within.left, within.top, within.right, within.bottom});
     // Symbols of one grid stand on whole dots together.
-    if (options.optimalResolution) {
+    if (DotOf(options) > 0) {
       const Rectangle grid = box();
       Move(drawing, BackToDot(drawing.box.left, grid.left, options.dpiX),
            BackToDot(drawing.box.bottom, grid.bottom, options.dpiY));

@@ -174,7 +174,7 @@ GridCells CellsOf(std::span<const Symbol> symbols, const Options& options) {
     if (set >= 0) return Axis::Gap{static_cast<double>(set), 0};
     return along ? GapAlong(symbols) : GapAcross(symbols);
   };
-  const auto dot = [&](double dpi) { return options.optimalResolution ? kInch / dpi : 0; };
+  const auto dot = [&](double dpi) { return DotOf(options, dpi); };
   return {{least.width, gap(options.grid.horizontalDistance, upright), dot(options.dpiX)},
           {least.height, gap(options.grid.verticalDistance, !upright), dot(options.dpiY)}};
 }

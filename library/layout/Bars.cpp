@@ -13,14 +13,6 @@ namespace {
 // A bar stays at least this wide, and so does a space.
 constexpr double kLeastElement = 0.25;
 
-// How much narrower a bar becomes, half of it on each side.
-double Reduction(const Options& options, double narrowBar, double x) {
-  const int unit = options.reductionUnit == kUnitNone ? kUnitPercent : options.reductionUnit;
-  const double reduction = options.reduction * LengthOf(unit, options.dpiX, x).value_or(0);
-  return std::clamp(reduction, -(1 - kLeastElement) * x,
-                    std::max(narrowBar - kLeastElement, 0.0) * x);
-}
-
 // Joins the bars of a row with those that end where it begins.
 class Stack {
  public:
@@ -55,16 +47,6 @@ bool IsInside(int module, const ModuleSpan& span) {
   return module >= span.from && module < span.to;
 }
 
-// Guard bars reach below the data bars; the bars of an add-on do so too and begin lower.
-void MoveEnds(const Symbol& symbol, const Measures& m, int module, Bar& bar) {
-  const bool addOn = IsInside(module, symbol.addOn);
-  if (addOn) bar.top -= m.text.addOnDrop();
-  if (addOn || std::any_of(symbol.guards.begin(), symbol.guards.end(),
-                           [module](const ModuleSpan& span) { return IsInside(module, span); })) {
-    bar.bottom -= m.guardDrop;
-  }
-}
-
 std::vector<Bar> LayOutMatrix(const Symbol& symbol, double reduction, const Measures& m) {
   const ModuleGrid grid = ModuleGrid(symbol).narrowed(reduction / m.module);
   Stack stack;
@@ -81,9 +63,26 @@ std::vector<Bar> LayOutMatrix(const Symbol& symbol, double reduction, const Meas
 
 }  // namespace
 
+BarEnds LastRowEnds(const Symbol& symbol, const Measures& m, int module, BarEnds row) {
+  const bool addOn = IsInside(module, symbol.addOn);
+  if (addOn) row.top -= m.text.addOnDrop();
+  if (addOn || std::any_of(symbol.guards.begin(), symbol.guards.end(),
+                           [module](const ModuleSpan& span) { return IsInside(module, span); })) {
+    row.bottom -= m.guardDrop;
+  }
+  return row;
+}
+
+double BarReduction(const Options& options, double narrowBar, double x) {
+  const int unit = options.reductionUnit == kUnitNone ? kUnitPercent : options.reductionUnit;
+  const double reduction = options.reduction * LengthOf(unit, options.dpiX, x).value_or(0);
+  return std::clamp(reduction, -(1 - kLeastElement) * x,
+                    std::max(narrowBar - kLeastElement, 0.0) * x);
+}
+
 std::vector<Bar> LayOutBars(const Symbol& symbol, const Options& options, const Measures& m) {
   const ElementWidths widths(symbol, options.ratio);
-  const double reduction = Reduction(options, widths.narrowBar(), m.module);
+  const double reduction = BarReduction(options, widths.narrowBar(), m.module);
   if (symbol.geometry == Geometry::kMatrix) return LayOutMatrix(symbol, reduction, m);
   Stack stack;
   double top = m.top;
@@ -93,10 +92,10 @@ std::vector<Bar> LayOutBars(const Symbol& symbol, const Options& options, const 
     std::vector<Bar> bars;
     const Columns columns(symbol.rows[row], symbol.width, widths);
     for (const Columns::Bar& column : columns.bars()) {
-      Bar bar = {m.left + column.left * m.module + reduction / 2, bottom,
-                 m.left + column.right * m.module - reduction / 2, top};
-      if (last) MoveEnds(symbol, m, column.firstModule, bar);
-      bars.push_back(bar);
+      BarEnds ends = {bottom, top};
+      if (last) ends = LastRowEnds(symbol, m, column.firstModule, ends);
+      bars.push_back({m.left + column.left * m.module + reduction / 2, ends.bottom,
+                      m.left + column.right * m.module - reduction / 2, ends.top});
     }
     stack.add(bars);
     top = bottom;

@@ -17,6 +17,16 @@ struct Bar {
 // Runs that lie under one another with the same edges become one bar.
 std::vector<Bar> LayOutBars(const Symbol& symbol, const Options& options, const Measures& measures);
 
+// Guard bars reach below the data bars; the bars of an add-on do so too and begin lower.
+struct BarEnds {
+  double bottom, top;
+};
+// Of the last row, at a module.
+BarEnds LastRowEnds(const Symbol& symbol, const Measures& measures, int module, BarEnds row);
+
+// How much narrower each bar becomes, half of it on each side.
+double BarReduction(const Options& options, double narrowBar, double x);
+
 // Bearer bars; they touch the bars of the symbol.
 std::vector<Bar> LayOutBearerBars(const Options& options, const Measures& measures);
 

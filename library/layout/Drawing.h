@@ -41,12 +41,49 @@ struct TextRun {
   int rotation = 0;          // quarter turns counter-clockwise
 };
 
+// A character of a row of bars, or a guard between characters: its edges go on dots together.
+struct BarPart {
+  // One byte an element, '0' and its width: in modules, or 1 for narrow and 2 for wide.
+  std::string widths;
+  double advance = 0;                // X from its beginning to that of the next part
+  std::int32_t bottom = 0, top = 0;  // 1/1000 mm from the origin of the bars
+};
+
+struct BarRow {
+  bool beginsDark = true;
+  std::vector<BarPart> parts;
+};
+
+// The bars of one symbol, for writers that put them on the dots of a device (layout/Dots.h), in the
+// symbol's own direction.
+struct BarField {
+  enum class Rule {
+    kEdges,       // every edge by itself
+    kCharacters,  // the edges of a character together
+    kTwoWidths,   // equal narrow and equal wide elements
+    kMatrix,      // rows and columns of modules
+  };
+  Rule rule = Rule::kEdges;
+  // The drawing's rectangles that show these bars, and the bearer bars behind them.
+  std::size_t first = 0, count = 0, bearers = 0;
+  Point origin;                   // lower left corner of the unturned bars, on the page
+  int rotation = 0;               // quarter turns counter-clockwise
+  double module = 0;              // X
+  double columns = 0, rows = 0;   // their size in X; rows: of a matrix
+  double wide = 0;                // a wide element in X, of two widths
+  double reduction = 0;           // of each bar; the rectangles have it already
+  bool wholeDots = false;         // a module is to be whole dots, also where that is no gain
+  bool mayShrink = false;         // to whole dots, if they are a gain
+  std::vector<BarRow> bars = {};  // kCharacters, kTwoWidths: from top to bottom
+};
+
 struct Drawing {
   Rectangle box;  // what the symbol with everything round it covers; the background fills it
   bool opaqueBackground = true;
   int colorMode = 0;  // 0 RGB, 1 grey, 2 CMYK
   Color background, barColor, fontColor;
   std::vector<Rectangle> rectangles;
+  std::vector<BarField> fields;  // in the order of their rectangles
   std::vector<Polygon> polygons;
   std::vector<Ring> rings;
   std::vector<TextRun> texts;

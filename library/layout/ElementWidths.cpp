@@ -10,6 +10,9 @@ namespace {
 
 constexpr double kMaxElementWidth = 1000;
 
+// Between 2.25 and 3 a reader takes any; see docs/print-quality.md.
+constexpr double kDefaultWide = 2.5;
+
 std::size_t NumbersOf(ElementRule rule) {
   switch (rule) {
     case ElementRule::kTwoWidths:
@@ -35,6 +38,18 @@ int NominalWide(const Symbol& symbol) {
   return std::max(wide, 2);
 }
 
+// Narrow elements are one module. (One-track Pharmacode has bars of 1 and 3, and spaces of 2.)
+bool IsOfTwoWidths(const Symbol& symbol) {
+  if (symbol.elements == ElementRule::kTwoWidths) return true;
+  if (symbol.elements != ElementRule::kTwoWidthBars) return false;
+  for (const SymbolRow& row : symbol.rows) {
+    for (std::size_t i = 1; i < row.runs.size(); i += 2) {
+      if (row.runs[i] != 1) return false;
+    }
+  }
+  return true;
+}
+
 }  // namespace
 
 std::vector<double> ParseRatio(std::string_view text) {
@@ -54,8 +69,14 @@ std::vector<double> ParseRatio(std::string_view text) {
 }
 
 ElementWidths::ElementWidths(const Symbol& symbol, std::string_view text) : rule(symbol.elements) {
-  if (text.empty() || rule == ElementRule::kNoRatio) return;
-  ratio = ParseRatio(text);
+  if (rule == ElementRule::kNoRatio) return;
+  if (text.empty()) {
+    if (!IsOfTwoWidths(symbol)) return;
+    ratio = {1, kDefaultWide, 1};
+    if (rule == ElementRule::kTwoWidths) ratio.push_back(kDefaultWide);
+  } else {
+    ratio = ParseRatio(text);
+  }
   if (ratio.size() != NumbersOf(rule)) throw Error(BC_E_INVALIDARG);
   nominalWide = NominalWide(symbol);
 }
@@ -77,6 +98,13 @@ double ElementWidths::of(int modules, bool bar) const {
     default:
       return scaled(ratio[(bar ? 0u : 4u) + static_cast<unsigned>(std::min(modules, 4)) - 1], 4);
   }
+}
+
+int ElementWidths::wideModules() const {
+  const bool bars = rule == ElementRule::kTwoWidthBars;
+  if (ratio.empty() || (rule != ElementRule::kTwoWidths && !bars)) return 0;
+  const bool alike = ratio[0] == 1 && ratio[2] == 1 && (bars || ratio[1] == ratio[3]);
+  return alike ? nominalWide : 0;
 }
 
 Columns::Columns(const SymbolRow& row, int symbolWidth, const ElementWidths& widths) {

@@ -15,13 +15,18 @@ std::vector<double> ParseRatio(std::string_view text);
 
 class ElementWidths {
  public:
-  // An empty ratio leaves the nominal widths, as does a symbol whose widths are no matter of
-  // ratios. Throws Error (BC_E_INVALIDARG) for a ratio with a wrong count of numbers.
+  // Without a ratio a symbol of two widths has 1 : kDefaultWide, any other its nominal widths. A
+  // symbol whose widths are no matter of ratios keeps them. Throws Error (BC_E_INVALIDARG) for a
+  // ratio with a wrong count of numbers.
   ElementWidths(const Symbol& symbol, std::string_view ratio);
 
   // In X.
   double of(int modules, bool bar) const;
   double narrowBar() const { return of(1, true); }
+  bool areNominal() const { return ratio.empty(); }
+  // Modules of a wide element when all are 1 or `wide()` X, bars and spaces alike; 0: they are not.
+  int wideModules() const;
+  double wide() const { return of(nominalWide, true); }
 
  private:
   ElementRule rule;

@@ -2,12 +2,14 @@
 
 #include "library/Error.h"
 #include "library/layout/Bars.h"
+#include "library/layout/Fields.h"
 #include "library/layout/Hexagons.h"
 #include "library/layout/Placement.h"
 #include "library/layout/TextLayout.h"
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 #include <tuple>
 
 namespace Library {
@@ -49,7 +51,7 @@ double WithoutNoise(double length) {
 }
 
 // From top to bottom and from left to right, so that bars of one row follow each other.
-void SortRows(std::vector<Rectangle>& rectangles) {
+void SortRows(std::span<Rectangle> rectangles) {
   std::sort(rectangles.begin(), rectangles.end(), [](const Rectangle& a, const Rectangle& b) {
     return std::tie(b.top, b.bottom, a.left) < std::tie(a.top, a.bottom, b.left);
   });
@@ -90,9 +92,13 @@ Drawing LayOut(const Symbol& symbol, const Options& options, const BCRect& recta
   if (symbol.geometry == Geometry::kHexagonal) {
     DrawHexagons(symbol, options, m, placement, drawing);
   } else {
+    BarField field = LayOutField(symbol, options, m, placement);
     add(LayOutBars(symbol, options, m));
+    field.count = drawing.rectangles.size();
     add(LayOutBearerBars(options, m));
-    SortRows(drawing.rectangles);
+    field.bearers = drawing.rectangles.size() - field.count;
+    SortRows(std::span(drawing.rectangles).first(field.count));
+    drawing.fields.push_back(std::move(field));
   }
   DrawText(symbol, options, m, placement, drawing);
   return drawing;

@@ -18,6 +18,11 @@ constexpr double kDecoderMinimum[] = {190, 254, 338, 190};
 // misread.
 constexpr double kMinimalDots = 2;
 
+// A module may grow this much to be whole dots, and this much to be two instead of one.
+constexpr double kMostLarger = 1.1, kMostTwice = 1.26;
+
+constexpr double kUnknownDpi = 72;
+
 // A module width counts as so many dots when no more than this share of a dot is missing: printers
 // called 203 dpi have 8 dots per millimetre.
 constexpr double kDotSlack = 0.02;
@@ -75,6 +80,19 @@ bool Sizer::fits(double module, double tolerance) const {
              box.height + tolerance;
 }
 
+// Whether one dot is too little for a module as wide as `ideal` dots: two would be a quarter more.
+bool IsTooFew(double dots, double ideal) {
+  return dots < kMinimalDots && ideal * kMostTwice >= kMinimalDots;
+}
+
+// The nearest whole number of dots unless that is much more, else the one below.
+double NearDots(double ideal) {
+  double dots = std::round(ideal);
+  if (dots > ideal * kMostLarger) --dots;
+  if (IsTooFew(dots, ideal)) dots = kMinimalDots;
+  return std::max(dots, 1.0);
+}
+
 // The largest module width that fits; 0: none, or not one whole dot.
 double Sizer::fitModule() const {
   double low = 0, high = box.width / outline.modules();
@@ -87,10 +105,12 @@ double Sizer::fitModule() const {
       (fits(middle, 0) ? low : high) = middle;
     }
   }
-  if (!options.optimalResolution) return low;
-  const double dot = kInch / options.dpiX;
-  const double dots = std::floor(low / dot);
-  return (fits((dots + 1) * dot, kBoxTolerance) ? dots + 1 : dots) * dot;
+  const double dot = DotOf(options);
+  if (dot <= 0) return low;
+  double dots = std::floor(low / dot);
+  if (fits((dots + 1) * dot, kBoxTolerance)) ++dots;
+  // Between one dot and two is better than one.
+  return IsTooFew(dots, low / dot) ? low : dots * dot;
 }
 
 double Sizer::minimalModule() const {
@@ -98,8 +118,8 @@ double Sizer::minimalModule() const {
   const bool fixed =
       symbol.geometry == Geometry::kFourState || symbol.geometry == Geometry::kHexagonal;
   const double least = fixed ? type.nominalX : kDecoderMinimum[options.decoder];
-  if (!options.optimalResolution) return least;
-  const double dot = kInch / options.dpiX;
+  const double dot = DotOf(options);
+  if (dot <= 0) return least;
   return std::max(std::ceil(least / dot - kDotSlack), kMinimalDots) * dot;
 }
 
@@ -110,9 +130,8 @@ double Sizer::chooseModule() const {
       return minimalModule();  // does not fit: as small as it can be read
     case SizeMode::kModule: {
       const double module = options.moduleWidth > 0 ? options.moduleWidth : type.nominalX;
-      if (!options.optimalResolution) return module;
-      const double dot = kInch / options.dpiX;
-      return std::max(std::floor(module / dot + kDotSlack), 1.0) * dot;
+      const double dot = DotOf(options);
+      return dot > 0 ? NearDots(module / dot) * dot : module;
     }
     case SizeMode::kMinimal:
       break;
@@ -158,6 +177,14 @@ double DefaultPoints(const Symbol& symbol, const Measures& m) {
 SizeMode SizeModeOf(const Options& options) {
   if (options.sizeMode >= 0) return static_cast<SizeMode>(options.sizeMode);
   return options.moduleWidth > 0 ? SizeMode::kModule : SizeMode::kFit;
+}
+
+double DotOf(const Options& options, double dpi) {
+  return options.optimalResolution && !AsksForUnknownDots(options) ? kInch / dpi : 0;
+}
+
+bool AsksForUnknownDots(const Options& options) {
+  return options.optimalResolution && options.dpiX == kUnknownDpi && options.dpiY == kUnknownDpi;
 }
 
 Measures Measure(const Symbol& symbol, const Options& options, const Box& box) {

@@ -35,6 +35,15 @@ struct Measures {
 enum class SizeMode { kFit = 0, kModule = 1, kMinimal = 2 };
 SizeMode SizeModeOf(const Options& options);
 
+// Side of a device dot when the options ask for whole dots and name a resolution; 0: they don't.
+// 72 dpi is what callers hand over who know none: then PostScript finds the dots when it is
+// printed.
+double DotOf(const Options& options, double dpi);
+inline double DotOf(const Options& options) {
+  return DotOf(options, options.dpiX);
+}
+bool AsksForUnknownDots(const Options& options);
+
 // The unturned symbol in a box of that size. Throws Error with BC_E_INVALIDARG for a print ratio
 // that does not suit the symbol.
 Measures Measure(const Symbol& symbol, const Options& options, const Box& box);

@@ -1,6 +1,7 @@
 #include "library/layout/Outline.h"
 
 #include "library/layout/ElementWidths.h"
+#include "library/layout/Measure.h"
 #include "library/layout/Units.h"
 
 #include <algorithm>
@@ -21,7 +22,7 @@ constexpr double kGuardDropModules = 5;
 double ModulesAcross(const Symbol& symbol, std::string_view ratio) {
   const ElementWidths widths(symbol, ratio);
   double modules = symbol.width;
-  if (ratio.empty() || symbol.elements == ElementRule::kNoRatio) return modules;
+  if (widths.areNominal()) return modules;
   for (const SymbolRow& row : symbol.rows) {
     modules = Columns(row, symbol.width, widths).width();
   }
@@ -49,8 +50,8 @@ Outline::Outline(const Symbol& symbol, const Options& settings, const TextPlan& 
 
 // With whole dots asked for, margins are whole dots too, so that every bar begins on one.
 double Outline::onDots(double length) const {
-  if (!options.optimalResolution) return length;
-  const double dot = kInch / options.dpiX;
+  const double dot = DotOf(options);
+  if (dot <= 0) return length;
   return std::round(length / dot) * dot;
 }
 

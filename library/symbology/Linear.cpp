@@ -10,11 +10,12 @@ void LinearRow::append(std::string_view widths) {
     runs.push_back(width);
     total += width;
   }
+  characters.push_back(static_cast<int>(widths.size()));
 }
 
 void LinearRow::finish(Symbol& symbol) && {
   symbol.width = total;
-  symbol.rows.push_back({std::move(runs), 0});
+  symbol.rows.push_back({std::move(runs), 0, std::move(characters)});
 }
 
 void SetTextLine(Symbol& symbol, std::string text) {

@@ -11,7 +11,7 @@ namespace Library {
 // Collects the runs of the one row of a linear symbol.
 class LinearRow {
  public:
-  // `widths`: one digit per element, "212222".
+  // `widths`: one digit per element, "212222". A whole character, guard or gap between characters.
   void append(std::string_view widths);
   int width() const { return total; }
   void reserve(std::size_t elements) { runs.reserve(elements); }
@@ -20,7 +20,7 @@ class LinearRow {
   void finish(Symbol& symbol) &&;
 
  private:
-  std::vector<int> runs;
+  std::vector<int> runs, characters;
   int total = 0;
 };
 

@@ -134,11 +134,13 @@ class RowWriter {
       : content(symbolContent), truncated(withoutRight) {}
 
   SymbolRow row(int index) {
-    constexpr int kRunsPerWord = 8;
+    constexpr int kRunsPerWord = 8, kStopRuns = 9;
     const int columns = content.shape.columns;
     SymbolRow result;
     result.height = kSharedHeight;
     result.runs.reserve(static_cast<std::size_t>(kRunsPerWord * (columns + 4)));
+    result.characters.assign(static_cast<std::size_t>(columns + (truncated ? 3 : 4)), kRunsPerWord);
+    result.characters.back() = truncated ? 1 : kStopRuns;
     runs = &result.runs;
     cluster = index % kPdf417Clusters;
     append({8, 1, 1, 1, 1, 1, 1, 3});

@@ -28,6 +28,8 @@ struct SymbolRow {
   // light. A two-width row holds 1 for narrow and the symbology's nominal factor for wide.
   std::vector<int> runs;
   double height = 0;  // in X; 0: shares what height is left
+  // Numbers of runs: of each character, guard and gap between characters in turn. Empty: not known.
+  std::vector<int> characters = {};
 };
 
 // A piece of human-readable text and the modules that it belongs to. [from, to) may reach outside

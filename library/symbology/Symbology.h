@@ -42,6 +42,7 @@ struct Family {
   MinimalHeight minimalHeight = MinimalHeight::kNone;
   bool textShown = false;  // by default
   double rowHeight = 0;    // X, of a row of a stacked symbol when none is set; 0: not stacked
+  int characterRuns = 0;   // bars and spaces of a character where the encoder names none; 0: varies
 
   bool functionCharacters = false;                     // FNC1 to FNC4 can be encoded
   bool codeSets = false;                               // A, B, C of a format string switch the set

@@ -23,10 +23,12 @@ void EncodeInterleaved2Of5(const EncoderInput& input, Symbol& symbol) {
   for (std::size_t i = 0; i < digits.size(); i += 2) {
     const std::string_view bars = kDigitPatterns[digits[i] - '0'];
     const std::string_view spaces = kDigitPatterns[digits[i + 1] - '0'];
+    std::string pair;
     for (std::size_t k = 0; k < bars.size(); ++k) {
-      row.append(bars.substr(k, 1));
-      row.append(spaces.substr(k, 1));
+      pair += bars[k];
+      pair += spaces[k];
     }
+    row.append(pair);
   }
   row.append(kStop);
   std::move(row).finish(symbol);

@@ -1,39 +1,242 @@
 #include "library/writer/PostScriptBars.h"
 
+#include "library/layout/Dots.h"
+
+#include <algorithm>
+#include <tuple>
+
 namespace Library {
+namespace {
 
+using Rule = BarField::Rule;
+
+// Every byte of these counts in small symbols, hence:
+// C      bind def
+// X      exch def
+// K      index
+// V      exch
+//
 // u, v   device dots per unit along x and y
+// f      whether x and y are those of the device
+// T      x y T: moves to the dot nearest to a point
+// O      x y angle O: moves to a field's origin, there in dots
 // E      low high E size start: an interval at least one dot long, a little inside its edges
-// R      bottom top R: begins a row of bars between these, at x = 0
-// B      gap width B: a bar that wide, that far from the last one
-// The path is built in device dots; y and h are the row's lower edge and height there.
-const std::string_view kPostScriptBarProcedures =
-    "/D{dtransform abs exch abs add}bind def/u 1 0 D def/v 0 1 D def\n"
-    "/E{2 copy ge{pop dup 1 add}if 1 index sub .06 sub exch .03 add}bind def\n"
-    "/R{v mul round exch v mul round exch E/y exch def/h exch def/x 0 def}bind def\n"
-    "/B{exch x add dup u mul round 3 1 roll add dup/x exch def u mul round E\n"
-    "y moveto dup 0 rlineto 0 h rlineto neg 0 rlineto closepath}bind def";
+// R      bottom top R: the bars that follow lie between these
+// B      left right B: a bar, in dots
+constexpr std::string_view kBasicProcedures =
+    "/C{bind def}bind def/X{exch def}C/K/index load def/V/exch load def\n"
+    "/D{dtransform abs V abs add}C\n"
+    "/O{3 1 roll T rotate 1 0 D/u X 0 1 D/v X\n"
+    "999 0 dtransform mul abs .01 lt/f X 1 u div 1 v div scale}C\n"
+    "/E{2 copy ge{pop dup 1 add}if 1 K sub .06 sub V .03 add}C\n"
+    "/R{v mul round V v mul round V E/y X/h X/x 0 def}C";
+constexpr std::string_view kBar = "/B{E y 3 -1 roll h rectfill}C";
+// Narrowed by w dots.
+constexpr std::string_view kReducedBar =
+    "/B{w sub w 2 idiv add V w 2 idiv add V E y 3 -1 roll h rectfill}C";
 
-void WriteOrigin(const Point& origin, TextBuilder& out) {
-  out << origin << "transform round exch round exch itransform translate";
-  out.endLine();
+// A      gap width A: a bar that wide, that far from the last one, in units
+constexpr std::string_view kEdgeProcedure =
+    "/A{V x add dup u mul round 3 1 roll add dup/x X u mul round B}C";
+
+// S      X columns S: sets d, the dots of a module, whole ones where that suits (DotsPerModule),
+// and
+//        keeps the bars in the middle of their place
+// Y      X columns Y: the same for edges in units
+// Z      X rows columns Z: the same for edges of a matrix
+constexpr std::string_view kWholeDotsBegin =
+    "/S{/n X u mul/d X d .5 add floor dup n mul n d mul .5 add gt{1 sub}if dup 0 gt ";
+constexpr std::string_view kIfGain = "1 K 1.25 mul d ge and d 3 lt and";
+constexpr std::string_view kIfAsked = "1 K 1 gt d 1.5873 lt or and";
+constexpr std::string_view kWholeDotsEnd =
+    " f and\n{n d 2 K sub mul 2 div cvi 0 translate/d X}{pop}ifelse}C";
+constexpr std::string_view kPlainDots = "/S{pop u mul/d X}C";
+constexpr std::string_view kWholeEdges = "/Y{1 K V S d V div/u X}C";
+constexpr std::string_view kWholeMatrix =
+    "/Z{u v sub abs u .01 mul gt{pop pop pop}{2 K u mul/e X 2 K V S e d ne\n"
+    "{e d sub mul 2 div cvi 0 V translate d V div dup/u X/v X}{pop pop}ifelse}ifelse}C";
+
+// L      dark L: a row begins
+// P      string runs P: characters of so many runs each
+// F      string F: one character, its edges by FitCharacter: a the string, n its last index, M its
+//        modules, T its dots, z where it begins; for each run: i the nearer residual, j what it
+//        takes, k residuals being tried, l the best so far, with b and g what they cost
+// G      before last worst squares edge G: tries both dots for an edge
+// H      the same with one residual for the edge
+constexpr std::string_view kCharacterProcedures =
+    "[/i/j/k/l]{60 array def}forall/L{/o X/m 0 def}C\n"
+    "/P{/q X/s X 0 q s length 1 sub{s V q getinterval F}for}C\n"
+    "/F{/a X a length 1 sub/n X 0 a{48 sub add}forall/M X m d mul round cvi/z X\n"
+    "m M add/m X m d mul round cvi z sub/T X/c 0 def\n"
+    "0 1 n{a 1 K get 48 sub dup c add/c X T mul j 2 K 3 -1 roll put\n"
+    "i V c T mul M mod dup 2 mul M ge{M sub}if neg put}for\n"
+    "i l copy pop d 6 lt f and{1e9/b X b/g X 0 0 0 0 0 G}if\n"
+    "/c 0 def z/x X 0 1 n{a 1 K get 48 sub c add/c X\n"
+    "l V get c T mul add M idiv z add o{x 1 K B}if/x X/o o not def}for}C\n"
+    "/G{5 copy i 1 K get H dup n lt{5 copy i 1 K get dup 0 gt{M sub}{M add}ifelse H}if\n"
+    "5{pop}repeat}C\n"
+    "/H{dup 5 K sub dup j 4 K get add M ge\n"
+    "{dup abs 5 K 2 copy lt{V}if pop 3 K 0 gt 4 K n lt and\n"
+    "{2 K 8 K sub abs 2 mul 2 copy lt{V}if pop}if V dup mul 4 K add\n"
+    "1 K b lt 2 K b eq 2 K g lt and or\n"
+    "{k 4 K 4 K put 3 K n eq{dup/g X 1 K/b X k l copy pop}{6 K 3 K 3 K 3 K 7 K 1 add G}ifelse\n"
+    "}if pop}if 7{pop}repeat}C";
+
+// I      [narrow wide room ...] least wide I: sets N and W, the dots of narrow and wide elements
+//        (TwoWidthDots)
+// J      narrow wide room J: moves a symbol without gaps to the middle of its place
+// Q      string advance Q: a character
+constexpr std::string_view kTwoWidthProcedures =
+    "/I{d mul/e X/g X/q X/N d def/W e def/b 1e9 def\n"
+    "f{d floor 1 sub 1 d floor 2 add{/p X p 0 gt{2 p mul 1 3 p mul{/s X true\n"
+    "0 3 q length 1 sub{q V 3 getinterval aload pop d mul .02 add floor 3 1 roll s mul V\n"
+    "p mul add 2 copy lt 3 1 roll V g mul lt or{pop false}if}for\n"
+    "{p d sub abs 2 mul s e sub abs add dup b lt{/b X/N p def/W s def}{pop}ifelse}if\n"
+    "}for}if}for}if}C\n"
+    "/J{d mul 3 1 roll W mul V N mul add sub 2 div cvi 0 translate}C/L{/m 0 def}C\n"
+    "/Q{m d mul/x X m add/m X/o true def\n"
+    "{49 eq{N}{W}ifelse x add o{x round 1 K round B}if/x X/o o not def}forall}C";
+
+bool Uses(const Drawing& drawing, Rule rule) {
+  return std::any_of(drawing.fields.begin(), drawing.fields.end(),
+                     [rule](const BarField& field) { return field.rule == rule; });
 }
 
-void WriteBars(std::span<const Rectangle> rectangles, const Point& origin, TextBuilder& out) {
-  if (rectangles.empty()) return;
-  out.line("gsave 1 u div 1 v div scale");
+void WriteProcedures(const Drawing& drawing, TextBuilder& out) {
+  const BarField* const first = drawing.fields.empty() ? nullptr : &drawing.fields.front();
+  out.line(kBasicProcedures);
+  const bool characters = Uses(drawing, Rule::kCharacters);
+  const bool twoWidths = Uses(drawing, Rule::kTwoWidths);
+  const bool reduced = (characters || twoWidths) && first->reduction != 0;
+  out.line(reduced ? kReducedBar : kBar);
+  const bool bearers = first && first->bearers > 0;
+  if (bearers || !(characters || twoWidths)) out.line(kEdgeProcedure);
+  if (!first) return;
+  if (!twoWidths && (first->wholeDots || first->mayShrink)) {
+    const std::string_view when = first->wholeDots ? kIfAsked : kIfGain;
+    out.line(std::string(kWholeDotsBegin).append(when).append(kWholeDotsEnd));
+  } else if (!twoWidths) {
+    out.line(kPlainDots);
+  }
+  if (Uses(drawing, Rule::kEdges)) out.line(kWholeEdges);
+  if (Uses(drawing, Rule::kMatrix)) out.line(kWholeMatrix);
+  if (characters) out.line(kCharacterProcedures);
+  if (twoWidths) out.line(kTwoWidthProcedures);
+}
+
+// From top to bottom and from left to right.
+void WriteEdges(const BarField& field, std::span<const Rectangle> onPage, TextBuilder& out) {
+  std::vector<Rectangle> rectangles;
+  for (const Rectangle& r : onPage) rectangles.push_back(InField(field, r));
+  std::sort(rectangles.begin(), rectangles.end(), [](const Rectangle& a, const Rectangle& b) {
+    return std::tie(b.top, b.bottom, a.left) < std::tie(a.top, a.bottom, b.left);
+  });
   const Rectangle* row = nullptr;
   std::int32_t right = 0;
   for (const Rectangle& r : rectangles) {
     if (!row || r.bottom != row->bottom || r.top != row->top) {
       row = &r;
-      right = origin.x;
-      out << r.bottom - origin.y << r.top - origin.y << "R";
+      right = 0;
+      out << r.bottom << r.top << "R";
     }
-    out << r.left - right << r.width() << "B";
+    out << r.left - right << r.width() << "A";
     right = r.right;
   }
-  out << "fill grestore";
+}
+
+// A long string goes on in the next line.
+std::string Quoted(std::string_view elements) {
+  constexpr std::size_t kLongest = 100;
+  std::string quoted = "(";
+  for (std::size_t i = 0; i < elements.size(); ++i) {
+    if (i > 0 && i % kLongest == 0) quoted += "\\\n";
+    if (elements[i] == '\\') quoted += '\\';
+    quoted += elements[i];
+  }
+  return quoted + ")";
+}
+
+bool SameEnds(const BarPart& a, const BarPart& b) {
+  return a.bottom == b.bottom && a.top == b.top;
+}
+
+void WriteRow(const BarField& field, const BarRow& row, TextBuilder& out) {
+  const bool characters = field.rule == Rule::kCharacters;
+  if (characters) out << (row.beginsDark ? "true" : "false");
+  out << "L";
+  const BarPart* last = nullptr;
+  for (auto part = row.parts.begin(); part != row.parts.end();) {
+    if (!last || !SameEnds(*last, *part)) out << part->bottom << part->top << "R";
+    last = &*part;
+    if (!characters) {
+      out << Quoted(part->widths) << part->advance << "Q";
+      ++part;
+      continue;
+    }
+    std::string alike;
+    const std::size_t runs = part->widths.size();
+    for (; part != row.parts.end() && part->widths.size() == runs && SameEnds(*last, *part);
+         ++part) {
+      alike += part->widths;
+    }
+    out << Quoted(alike) << runs << "P";
+  }
+}
+
+void WriteTwoWidthDots(const BarField& field, TextBuilder& out) {
+  const std::vector<ElementRoom> rooms = ElementRooms(field);
+  const auto write = [&out](const ElementRoom& r) { out << r.narrow << r.wide << r.room; };
+  out << "/d" << field.module << "u mul def [";
+  std::for_each(rooms.begin(), rooms.end(), write);
+  out << "]" << LeastFilled(field) << field.wide << "I";
+  if (field.bars.front().parts.size() > 1) return;
+  write(rooms.front());
+  out << "J";
+}
+
+void WriteField(const BarField& field, std::span<const Rectangle> rectangles, const Point& origin,
+                TextBuilder& out) {
+  out << "gsave" << field.origin.x - origin.x << field.origin.y - origin.y << field.rotation * 90
+      << "O";
+  if (field.reduction != 0 && !field.bars.empty()) out << "/w 0 def";
+  WriteEdges(field, rectangles.subspan(field.first + field.count, field.bearers), out);
+  if (field.reduction != 0 && !field.bars.empty()) {
+    out << "/w" << field.reduction << "u mul round cvi def";
+  }
+  if (field.rule == Rule::kTwoWidths) {
+    WriteTwoWidthDots(field, out);
+  } else {
+    out << field.module;
+    if (field.rule == Rule::kMatrix) out << field.rows;
+    out << field.columns
+        << (field.rule == Rule::kMatrix  ? "Z"
+            : field.rule == Rule::kEdges ? "Y"
+                                         : "S");
+  }
+  if (field.bars.empty()) WriteEdges(field, rectangles.subspan(field.first, field.count), out);
+  for (const BarRow& row : field.bars) WriteRow(field, row, out);
+  out << "grestore";
+  out.endLine();
+}
+
+}  // namespace
+
+void WriteOrigin(const Point& origin, TextBuilder& out) {
+  out.line("/T{transform round exch round exch itransform translate}bind def");
+  out << origin << "T";
+  out.endLine();
+}
+
+void WriteBars(const Drawing& drawing, const Point& origin, TextBuilder& out) {
+  if (drawing.rectangles.empty()) return;
+  WriteProcedures(drawing, out);
+  for (const BarField& field : drawing.fields) {
+    WriteField(field, drawing.rectangles, origin, out);
+  }
+  if (!drawing.fields.empty()) return;
+  out << "gsave 0 0 0 O";
+  WriteEdges({.origin = origin}, drawing.rectangles, out);
+  out << "grestore";
   out.endLine();
 }
 

@@ -85,7 +85,7 @@ void WriteRings(const std::vector<Ring>& rings, const Point& origin, TextBuilder
 
 void WriteDrawing(const Drawing& drawing, TextBuilder& out) {
   const Point origin = OriginOf(drawing);
-  out.line("gsave 24 dict begin newpath 72 25400 div dup scale");
+  out.line("gsave 60 dict begin newpath 72 25400 div dup scale");
   WriteOrigin(origin, out);
   if (drawing.opaqueBackground) {
     WriteColor(drawing.colorMode, drawing.background, out);
@@ -94,8 +94,7 @@ void WriteDrawing(const Drawing& drawing, TextBuilder& out) {
     out.endLine();
   }
   WriteColor(drawing.colorMode, drawing.barColor, out);
-  if (!drawing.rectangles.empty()) out.line(kPostScriptBarProcedures);
-  WriteBars(drawing.rectangles, origin, out);
+  WriteBars(drawing, origin, out);
   if (!drawing.polygons.empty() || !drawing.rings.empty()) {
     WritePolygons(drawing.polygons, origin, out);
     WriteRings(drawing.rings, origin, out);
