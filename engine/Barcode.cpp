@@ -15,6 +15,9 @@
 #include <memory>
 #include <utility>
 
+// A library without it warns of nothing.
+#pragma weak BCGetWarningA
+
 namespace Engine {
 
 using Diag::ResultCode;
@@ -146,6 +149,15 @@ void TakeOutput(const Buffer& buffer, std::uint32_t size, const BarcodeSettings&
   addOverhead(result, settings);
 }
 
+// What the library has to say about a barcode that it has made.
+void NoteWarning(BCBarcode* handle) {
+  if (BCGetWarningA == nullptr) return;
+  char warning[256] = {};
+  if (BCGetWarningA(handle, warning, sizeof warning) > 0) {
+    g_settings.trace.Note(Diag::kWarning, std::string_view(warning));
+  }
+}
+
 }  // namespace
 
 ResultCode GenerateBarcode(BarcodeSettings& settings, std::string& result, std::uint32_t memorySize,
@@ -169,7 +181,10 @@ ResultCode GenerateBarcode(BarcodeSettings& settings, std::string& result, std::
     }
     std::uint32_t size = 0;
     code = WriteToMemory(handle, settings, buffer, size, rectangle, silence);
-    if (code == Diag::kSuccess) TakeOutput(buffer, size, settings, result);
+    if (code == Diag::kSuccess) {
+      NoteWarning(handle);
+      TakeOutput(buffer, size, settings, result);
+    }
   }
   Free(handle);
   return code;

@@ -234,6 +234,12 @@ BCResult BCPDFFragmentToMemory(BCBarcode* b, char* buffer, uint32_t* size, const
 /* format: "BMP", "GIF", "JPG" or "JPEG", "PNG", "TIF" or "TIFF", letter case ignored */
 BCResult BCBitmapToMemoryA(BCBarcode* b, char* buffer, const char* format, uint32_t* size,
                            const BCRect* rect);
+/*
+ * What is doubtful about the last output, in words: a symbol too small to be read for certain. The
+ * length of the text, 0 when there is none; the buffer gets `size` bytes of it at most, terminator
+ * included. Libraries may lack this function.
+ */
+int BCGetWarningA(BCBarcode* b, char* buffer, int size);
 
 #ifdef __GNUC__
 #pragma GCC visibility pop

@@ -48,6 +48,7 @@ struct BCBarcode {
   std::optional<Library::Symbol> symbol;
   std::optional<Grid> grid;        // until the next change
   std::optional<KeptOutput> kept;  // until the next change of anything or the next output
+  std::string warning;             // of the last output
   Library::Error lastError{BC_OK};
 };
 

@@ -1,4 +1,5 @@
 // Size queries and output.
+#include "library/api/CopyText.h"
 #include "library/api/Setters.h"
 #include "library/bitmap/Formats.h"
 #include "library/grid/GridLayout.h"
@@ -7,6 +8,7 @@
 #include "library/writer/PclWriter.h"
 #include "library/writer/PdfWriter.h"
 #include "library/writer/PostScriptWriter.h"
+#include "library/writer/TextBuilder.h"
 
 #include <algorithm>
 #include <cctype>
@@ -46,35 +48,57 @@ Drawing DrawingIn(const BCBarcode& barcode, const Options& options, const BCRect
   return LayOutGrid(symbols, options, shape ? *shape : PlanFor(barcode, rect).shape, rect);
 }
 
+// "0.167 mm, 1.3 dots"
+std::string WarningOf(const Drawing& drawing, const Options& options) {
+  if (!drawing.tooSmall) return {};
+  const auto millimetres = [](double length) {
+    return TextBuilder::decimal(std::round(length) / kMillimetre) + " mm";
+  };
+  const auto& [module, neededWidth] = *drawing.tooSmall;
+  std::string size = millimetres(module);
+  if (KnowsDots(options)) {
+    size += ", " + TextBuilder::decimal(std::round(module / kInch * options.dpiX * 10) / 10) +
+            " dots at " + TextBuilder::decimal(options.dpiX) + " dpi";
+  }
+  return "The barcode may be too small to be read: its modules are " + size + " wide. A width of " +
+         millimetres(std::ceil(neededWidth)) + " would do.";
+}
+
+Drawing DrawingWithWarning(BCBarcode& barcode, const Options& options, const BCRect& rect) {
+  Drawing drawing = DrawingIn(barcode, options, rect);
+  barcode.warning = WarningOf(drawing, options);
+  return drawing;
+}
+
 bool SameRectangle(const BCRect& a, const BCRect& b) {
   return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
 }
 
 // Modules of a bitmap are whole pixels, whatever the switch for that says.
-Bitmap BitmapIn(const BCBarcode& barcode, const BCRect& rect) {
+Bitmap BitmapIn(BCBarcode& barcode, const BCRect& rect) {
   constexpr double kLeastDpi = 50, kMostDpi = 2400;
   Options options = barcode.options;
   const auto [least, most] = std::minmax(options.dpiX, options.dpiY);
   if (least < kLeastDpi || most > kMostDpi) Reject();
-  options.optimalResolution = true;
+  options.optimalResolution = options.dpiIsReal = true;
   const Rectangle window = {std::min(rect.left, rect.right), std::min(rect.top, rect.bottom),
                             std::max(rect.left, rect.right), std::max(rect.top, rect.bottom)};
-  return Rasterized(DrawingIn(barcode, options, rect), window, options.dpiX, options.dpiY);
+  return Rasterized(DrawingWithWarning(barcode, options, rect), window, options.dpiX, options.dpiY);
 }
 
 // On dots that printers of 300 and 600 dpi share, unless the finer ones are asked for.
-std::string PclIn(const BCBarcode& barcode, const BCRect& rect, bool relative) {
+std::string PclIn(BCBarcode& barcode, const BCRect& rect, bool relative) {
   constexpr int kCoarse = 300, kFine = 600;
   Options options = barcode.options;
   const int dpi = options.dpiX < kFine ? kCoarse : kFine;
   options.dpiX = options.dpiY = dpi;
-  options.optimalResolution = true;
+  options.optimalResolution = options.dpiIsReal = true;
   return PclWriter(rect, relative, static_cast<PclWriter::Mode>(options.pclMode), dpi)
-      .write(DrawingIn(barcode, options, rect));
+      .write(DrawingWithWarning(barcode, options, rect));
 }
 
-std::string Written(const BCBarcode& barcode, const BCRect& rect, Language language) {
-  const auto drawing = [&] { return DrawingIn(barcode, barcode.options, rect); };
+std::string Written(BCBarcode& barcode, const BCRect& rect, Language language) {
+  const auto drawing = [&] { return DrawingWithWarning(barcode, barcode.options, rect); };
   switch (language) {
     case Language::kPostScript:
       return PostScriptWriter(false).write(drawing());
@@ -109,6 +133,7 @@ std::string OutputIn(BCBarcode& barcode, const BCRect& rect, Language language) 
   if (kept && kept->language == language && SameRectangle(kept->rect, rect)) {
     return std::move(kept->bytes);
   }
+  barcode.warning.clear();
   return Written(barcode, rect, language);
 }
 
@@ -207,4 +232,10 @@ BCResult BCBitmapToMemoryA(BCBarcode* b, char* buffer, const char* format, uint3
   const std::optional<Language> language = format ? BitmapLanguage(format) : std::nullopt;
   if (language) return Output(b, buffer, size, rect, *language);
   return Guarded(b, [](BCBarcode&) { Reject(); });
+}
+
+int BCGetWarningA(BCBarcode* b, char* buffer, int size) {
+  if (!b) return 0;
+  CopyText(b->warning, buffer, size);
+  return static_cast<int>(b->warning.size());
 }

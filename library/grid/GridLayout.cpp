@@ -41,6 +41,7 @@ void AppendTo(Drawing& drawing, Drawing&& added) {
   AppendTo(drawing.polygons, added.polygons);
   AppendTo(drawing.rings, added.rings);
   AppendTo(drawing.texts, added.texts);
+  if (!drawing.tooSmall) drawing.tooSmall = added.tooSmall;
 }
 
 // How far back from `place` the last whole dot lies, counted from `origin`.

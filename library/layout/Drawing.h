@@ -6,6 +6,7 @@
 #include "library/Options.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -77,6 +78,12 @@ struct BarField {
   std::vector<BarRow> bars = {};  // kCharacters, kTwoWidths: from top to bottom
 };
 
+// A symbol whose modules are smaller than readers are sure to tell apart.
+struct SmallSymbol {
+  double module = 0;       // X
+  double neededWidth = 0;  // of the symbol with all that stands round it
+};
+
 struct Drawing {
   Rectangle box;  // what the symbol with everything round it covers; the background fills it
   bool opaqueBackground = true;
@@ -87,6 +94,7 @@ struct Drawing {
   std::vector<Polygon> polygons;
   std::vector<Ring> rings;
   std::vector<TextRun> texts;
+  std::optional<SmallSymbol> tooSmall;
 };
 
 }  // namespace Library

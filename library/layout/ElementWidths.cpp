@@ -10,8 +10,8 @@ namespace {
 
 constexpr double kMaxElementWidth = 1000;
 
-// Between 2.25 and 3 a reader takes any; see docs/print-quality.md.
-constexpr double kDefaultWide = 2.5;
+// Whole dots whatever the narrow element has; docs/print-quality.md has it beside 2.5.
+constexpr double kDefaultWide = 3;
 
 std::size_t NumbersOf(ElementRule rule) {
   switch (rule) {

@@ -126,7 +126,7 @@ BarField LayOutField(const Symbol& symbol, const Options& options, const Measure
   field.module = m.module;
   field.columns = (m.right - m.left) / m.module;
   if (FixedByStandard(symbol.geometry)) return field;
-  field.wholeDots = AsksForUnknownDots(options);
+  field.wholeDots = options.optimalResolution && !KnowsDots(options);
   field.mayShrink = !m.text.standsBetweenGuards();
   if (symbol.geometry == Geometry::kMatrix) {
     field.rule = BarField::Rule::kMatrix;

@@ -30,7 +30,7 @@ Box Turned(const Box& box, int quarterTurns) {
 
 Measures MeasureChecked(const Symbol& symbol, const Options& options, const Box& box) {
   Measures m = Measure(symbol, options, box);
-  if (options.mustFit && !m.fits) throw Error(BC_E_MUSTFIT);
+  if (options.mustFit && (!m.fits || m.neededModule > 0)) throw Error(BC_E_MUSTFIT);
   return m;
 }
 
@@ -101,6 +101,7 @@ Drawing LayOut(const Symbol& symbol, const Options& options, const BCRect& recta
     drawing.fields.push_back(std::move(field));
   }
   DrawText(symbol, options, m, placement, drawing);
+  if (m.neededModule > 0) drawing.tooSmall = {m.module, m.neededWidth};
   return drawing;
 }
 

@@ -21,11 +21,11 @@ constexpr double kMinimalDots = 2;
 // A module may grow this much to be whole dots, and this much to be two instead of one.
 constexpr double kMostLarger = 1.1, kMostTwice = 1.26;
 
-constexpr double kUnknownDpi = 72;
-
 // A module width counts as so many dots when no more than this share of a dot is missing: printers
 // called 203 dpi have 8 dots per millimetre.
 constexpr double kDotSlack = 0.02;
+// A module is too small when more than this share of it is missing.
+constexpr double kModuleSlack = 0.01;
 
 // Font sizes where none is set, in points: for the first try, and for the lowest and the highest
 // bars that count.
@@ -49,6 +49,7 @@ class Sizer {
 
  private:
   double chooseModule() const;
+  double readableModule() const;
   double fitModule() const;
   double minimalModule() const;
   bool fits(double module, double tolerance) const;
@@ -109,8 +110,8 @@ double Sizer::fitModule() const {
   if (dot <= 0) return low;
   double dots = std::floor(low / dot);
   if (fits((dots + 1) * dot, kBoxTolerance)) ++dots;
-  // Between one dot and two is better than one.
-  return IsTooFew(dots, low / dot) ? low : dots * dot;
+  // Between one dot and two is better than one, where that can be drawn.
+  return IsTooFew(dots, low / dot) && !options.dpiIsReal ? low : dots * dot;
 }
 
 double Sizer::minimalModule() const {
@@ -131,12 +132,20 @@ double Sizer::chooseModule() const {
     case SizeMode::kModule: {
       const double module = options.moduleWidth > 0 ? options.moduleWidth : type.nominalX;
       const double dot = DotOf(options);
-      return dot > 0 ? NearDots(module / dot) * dot : module;
+      if (dot <= 0) return module;
+      return dot * (options.dpiIsReal ? std::max(std::floor(module / dot + kDotSlack), 1.0)
+                                      : NearDots(module / dot));
     }
     case SizeMode::kMinimal:
       break;
   }
   return minimalModule();
+}
+
+// The smallest module for the decoder, of two dots where they are known.
+double Sizer::readableModule() const {
+  const double dots = KnowsDots(options) ? kMinimalDots * kInch / options.dpiX : 0;
+  return std::max(kDecoderMinimum[options.decoder], dots);
 }
 
 Measures Sizer::measure() const {
@@ -159,6 +168,10 @@ Measures Sizer::measure() const {
   m.guardDrop = outline.guardDrop(x);
   m.bearer = outline.bearer(x);
   m.text = outline.text();
+  if (const double least = readableModule(); x < least * (1 - kModuleSlack)) {
+    m.neededModule = least;
+    m.neededWidth = outline.width(least);
+  }
   m.fits = m.width <= box.width + kBoxTolerance && m.height <= box.height + kBoxTolerance;
   return m;
 }
@@ -179,12 +192,12 @@ SizeMode SizeModeOf(const Options& options) {
   return options.moduleWidth > 0 ? SizeMode::kModule : SizeMode::kFit;
 }
 
-double DotOf(const Options& options, double dpi) {
-  return options.optimalResolution && !AsksForUnknownDots(options) ? kInch / dpi : 0;
+bool KnowsDots(const Options& options) {
+  return options.dpiIsReal || options.dpiX != kUnknownDpi || options.dpiY != kUnknownDpi;
 }
 
-bool AsksForUnknownDots(const Options& options) {
-  return options.optimalResolution && options.dpiX == kUnknownDpi && options.dpiY == kUnknownDpi;
+double DotOf(const Options& options, double dpi) {
+  return options.optimalResolution && KnowsDots(options) ? kInch / dpi : 0;
 }
 
 Measures Measure(const Symbol& symbol, const Options& options, const Box& box) {

@@ -23,6 +23,8 @@ struct Measures {
   double module = 0;  // X
   double width = 0, height = 0;
   bool fits = true;  // into the box
+  // What it would take for readers to be sure, X and width; 0: nothing.
+  double neededModule = 0, neededWidth = 0;
 
   double left = 0, right = 0;  // edges of the bars
   double bottom = 0, top = 0;  // edges of the rows
@@ -35,14 +37,15 @@ struct Measures {
 enum class SizeMode { kFit = 0, kModule = 1, kMinimal = 2 };
 SizeMode SizeModeOf(const Options& options);
 
-// Side of a device dot when the options ask for whole dots and name a resolution; 0: they don't.
-// 72 dpi is what callers hand over who know none: then PostScript finds the dots when it is
-// printed.
+// Whether the resolution of the options is that of the device; at kUnknownDpi PostScript finds the
+// dots when it is printed.
+bool KnowsDots(const Options& options);
+
+// Side of a device dot when the options ask for whole dots and the device is known; else 0.
 double DotOf(const Options& options, double dpi);
 inline double DotOf(const Options& options) {
   return DotOf(options, options.dpiX);
 }
-bool AsksForUnknownDots(const Options& options);
 
 // The unturned symbol in a box of that size. Throws Error with BC_E_INVALIDARG for a print ratio
 // that does not suit the symbol.

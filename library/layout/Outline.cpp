@@ -1,5 +1,6 @@
 #include "library/layout/Outline.h"
 
+#include "library/layout/Bars.h"
 #include "library/layout/ElementWidths.h"
 #include "library/layout/Measure.h"
 #include "library/layout/Units.h"
@@ -46,7 +47,13 @@ Outline::Outline(const Symbol& symbol, const Options& settings, const TextPlan& 
       plan(textPlan),
       columns(ModulesAcross(symbol, settings.ratio)),
       bearerBars(symbol.geometry == Geometry::kLinear && settings.bearerBarType != 0),
-      guards(!symbol.guards.empty()) {}
+      guards(!symbol.guards.empty()),
+      matrix(symbol.geometry == Geometry::kMatrix) {}
+
+// How far bars that are made wider reach beyond their place, which they do on the outside, too.
+double Outline::widening(double x) const {
+  return std::max(-BarReduction(options, 1, x), 0.0) / 2;
+}
 
 // With whole dots asked for, margins are whole dots too, so that every bar begins on one.
 double Outline::onDots(double length) const {
@@ -64,7 +71,7 @@ double Outline::side(double quietZone, int textModules, double x) const {
   if (bearerBars && HasBearerFrame(options.bearerBarType)) {
     margin = std::max(margin, kFrameQuietModules * x) + bearer(x);
   }
-  return onDots(margin);
+  return onDots(std::max(margin, widening(x)));
 }
 
 double Outline::bearer(double x) const {
@@ -81,13 +88,14 @@ double Outline::guardDrop(double x) const {
 
 double Outline::above(double x) const {
   const double bar = HasBearerAbove(options.bearerBarType) ? bearer(x) : 0;
-  return bar + plan.bandAbove() + quiet(options.quietZone.top, options.dpiY, x);
+  return bar + plan.bandAbove() +
+         std::max(quiet(options.quietZone.top, options.dpiY, x), matrix ? widening(x) : 0);
 }
 
 double Outline::below(double x) const {
   const double bar = HasBearerBelow(options.bearerBarType) ? bearer(x) : 0;
   return std::max(bar + plan.bandBelow(), guardDrop(x)) +
-         quiet(options.quietZone.bottom, options.dpiY, x);
+         std::max(quiet(options.quietZone.bottom, options.dpiY, x), matrix ? widening(x) : 0);
 }
 
 }  // namespace Library

@@ -27,12 +27,14 @@ class Outline {
   double side(double quietZone, int textModules, double x) const;
   double quiet(double value, double dpi, double x) const;
   double onDots(double length) const;
+  double widening(double x) const;
 
   const Options& options;
   TextPlan plan;
   double columns = 0;
   bool bearerBars;
   bool guards;
+  bool matrix;
 };
 
 // Sides of the symbol on which a bearer bar type draws.

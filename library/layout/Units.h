@@ -11,6 +11,9 @@ constexpr double kInch = 25400;
 constexpr double kMil = kInch / 1000;
 constexpr double kPoint = kInch / 72;
 
+// What callers hand over who know no resolution.
+constexpr double kUnknownDpi = 72;
+
 // Corners of a box are rounded to a thousandth of a millimetre each, so a box may be this much
 // smaller than what it was measured for.
 constexpr double kBoxTolerance = 2;

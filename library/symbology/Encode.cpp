@@ -17,6 +17,18 @@ const Symbology& SymbologyOf(const Options& options) {
   return *symbology;
 }
 
+namespace {
+
+// Characters of equal counts of runs; what is left over belongs to the last, a stop.
+void SplitIntoCharacters(SymbolRow& row, int runs) {
+  const auto count = static_cast<int>(row.runs.size()) / runs;
+  if (!row.characters.empty() || count == 0) return;
+  row.characters.assign(static_cast<std::size_t>(count), runs);
+  row.characters.back() += static_cast<int>(row.runs.size()) % runs;
+}
+
+}  // namespace
+
 Symbol Encode(const Options& options) {
   return EncodePart(options, MessageOf(options, SymbologyOf(options)));
 }
@@ -31,6 +43,9 @@ Symbol EncodePart(const Options& options, Data part) {
   symbol.elements = symbology.family.elements;
   symbol.checkDigits = std::move(prepared.checkDigits);
   symbology.encoder({options, symbology, prepared.data, prepared.given}, symbol);
+  if (const int runs = symbology.family.characterRuns; runs > 0) {
+    for (SymbolRow& row : symbol.rows) SplitIntoCharacters(row, runs);
+  }
   return symbol;
 }
 

@@ -58,7 +58,8 @@ constexpr Family kHiddenPlainBarcode = {.geometry = G::kLinear, .minimalHeight =
 constexpr Family kFourWidthBarcode = {.geometry = G::kLinear,
                                       .elements = E::kFourWidths,
                                       .minimalHeight = M::kGeneral,
-                                      .textShown = true};
+                                      .textShown = true,
+                                      .characterRuns = 6};
 constexpr Family kLogisticsBarcode = {.geometry = G::kLinear,
                                       .elements = E::kFourWidths,
                                       .minimalHeight = M::kLogistics,

@@ -124,12 +124,13 @@ TEST_F(CInterface, AnswersANullHandleAsItsHeaderSays) {
   EXPECT_EQ(BCGetCountRows(nullptr), 0);
   EXPECT_EQ(BCGet2DCompositeComponent(nullptr), 0);
   EXPECT_EQ(BCGet_CompSym_ErrorInCC(nullptr), 0);
+  EXPECT_EQ(BCGetWarningA(nullptr, nullptr, 0), 0);
   EXPECT_EQ(BCAlloc(nullptr), BC_E_INVALIDARG);
 
   std::set<std::string> tried = Matches(answers.names, R"((\w+))");
   tried.merge(std::set<std::string>{
       "BCGetBCType", "BCGetCheckDigitsA", "BCGetTextA", "BCGetInvalidDataPos", "BCGetCountRows",
-      "BCGet2DCompositeComponent", "BCGet_CompSym_ErrorInCC", "BCAlloc",
+      "BCGet2DCompositeComponent", "BCGet_CompSym_ErrorInCC", "BCAlloc", "BCGetWarningA",
       // without a handle
       "BCInitLibraryA", "BCDeInitLibrary", "BCGetVersionA", "FileExists", "BCGetErrorTextA",
       "BCGetObjectErrorTextA", "BCGetMaxLenOfData"});
@@ -149,6 +150,52 @@ TEST_F(CInterface, WorksFromPlainC) {
   ASSERT_GT(size, 0u);
   EXPECT_TRUE(std::string(buffer.data()).starts_with("%!PS-Adobe-3.0 EPSF-3.0\n"));
   EXPECT_EQ(std::strlen(buffer.data()), size);
+}
+
+TEST_F(CInterface, WarnsOfModulesThatReadersMayMiss) {
+  const auto warning = [this] {
+    char buffer[256] = {};
+    const int length = BCGetWarningA(barcode, buffer, sizeof buffer);
+    EXPECT_EQ(static_cast<std::size_t>(length), std::strlen(buffer));
+    return std::string(buffer);
+  };
+  // 10 characters and the stop, 123 modules. X in 1/1000 mm, dpi, decoder.
+  const struct {
+    const char* module;
+    double dpi;
+    int decoder;
+    const char* expected;
+  } kRows[] = {
+      {"190", 72, 0, ""},
+      {"180", 72, 0,
+       "The barcode may be too small to be read: its modules are 0.18 mm wide. A width of 23.37 mm "
+       "would do."},
+      {"253", 72, 1, ""},
+      {"250", 72, 2,
+       "The barcode may be too small to be read: its modules are 0.25 mm wide. A width of 41.574 "
+       "mm "
+       "would do."},
+      {"250", 203, 0, ""},
+      {"200", 203, 0,
+       "The barcode may be too small to be read: its modules are 0.2 mm, 1.6 dots at 203 dpi wide. "
+       "A "
+       "width of 30.781 mm would do."},
+  };
+  for (const auto& row : kRows) {
+    SCOPED_TRACE(testing::Message() << row.module << " at " << row.dpi << ", " << row.decoder);
+    BCSetModWidthA(barcode, row.module);
+    BCSetDPI(barcode, row.dpi, row.dpi);
+    BCSetDecoder(barcode, row.decoder);
+    for (const bool mustFit : {false, true}) {
+      BCSetMustFit(barcode, mustFit);
+      ASSERT_EQ(create(20, "ABCDEFGH"), BC_OK);
+      const bool refused = mustFit && *row.expected != '\0';
+      EXPECT_EQ(write(1), refused ? BC_E_MUSTFIT : BC_E_BUFFERTOOSMALL);
+      EXPECT_EQ(query(), refused ? BC_E_MUSTFIT : BC_OK);
+      EXPECT_EQ(write(), refused ? BC_E_MUSTFIT : BC_OK);
+      EXPECT_EQ(warning(), refused ? "" : row.expected);
+    }
+  }
 }
 
 TEST(Session, OpensAndClosesOnce) {

@@ -96,6 +96,15 @@ TEST(Sizes, FollowModeDecoderAndResolution) {
        [](Options& o) { o.sizeMode = 0, o.moduleWidth = 330; }, 50, 20, 50, 20},
       {"minimal, hardware", linear, [](Options& o) { o.sizeMode = 2, o.decoder = 1; }, 50, 50, 25.4,
        5},
+      {"module mode, nearer dots when they are 10 % more at most", linear,
+       [&](Options& o) { dots203(o), o.moduleWidth = 365; }, 1, 20, 300 * dot203, 20},
+      {"module mode, else those below", linear,
+       [&](Options& o) { dots203(o), o.moduleWidth = 330; }, 1, 20, 200 * dot203, 20},
+      {"module mode, two dots rather than one", linear,
+       [&](Options& o) { dots203(o), o.moduleWidth = 200; }, 1, 20, 200 * dot203, 20},
+      {"fit, between one dot and two", linear, dots203, 22, 20, 22, 20},
+      {"72 dpi are dots that nobody knows yet", linear,
+       [](Options& o) { o.optimalResolution = true, o.moduleWidth = 365; }, 1, 20, 36.5, 20},
       {"minimal, two whole dots at least", linear,
        [](Options& o) { o.sizeMode = 2, o.optimalResolution = true, o.dpiX = 100; }, 1, 1,
        100 * 2 * .254, 5},
@@ -195,6 +204,17 @@ TEST(Bars, ReductionOfAMatrixMovesTheOutlineOnly) {
   }
 }
 
+TEST(Bars, AreWidenedAlikeAtTheEndsOfTheSymbol) {
+  for (const Symbol& symbol : {HundredModules(), Striped(11)}) {
+    const Options options = With([](Options& o) { o.reduction = -40; });
+    std::set<int> widths;
+    for (const Rectangle& r : LayOut(symbol, options, RectangleOf(30, 30)).rectangles) {
+      widths.insert((r.width() + 5) / 10);  // but for rounding
+    }
+    EXPECT_EQ(widths.size(), 1u);
+  }
+}
+
 TEST(Bars, AreWidenedWithinTheBoxOnly) {
   for (const Symbol& symbol : {HundredModules(), Striped(11)}) {
     for (int turns = 0; turns < 4; ++turns) {
@@ -217,6 +237,10 @@ TEST(Ratio, SetsTheWidthsOfItsElements) {
   } kRows[] = {
       {ElementRule::kTwoWidths, {1, 2, 2, 1, 1}, "1:3:2:5.5", 1 + 5.5 + 3 + 2 + 1},
       {ElementRule::kTwoWidths, {1, 2, 2, 1, 1}, "1:2:1", 0},
+      {ElementRule::kTwoWidths, {1, 2, 2, 1, 1}, "", 1 + 3 + 3 + 1 + 1},
+      {ElementRule::kTwoWidthBars, {1, 1, 2, 1, 1}, "", 1 + 1 + 3 + 1 + 1},
+      {ElementRule::kTwoWidthBars, {1, 2, 3, 2, 1}, "", 9},  // spaces of two modules
+      {ElementRule::kFourWidths, {1, 2, 3, 4, 4}, "", 14},
       {ElementRule::kTwoWidthBars, {1, 1, 3, 1, 1}, "1:2:1.5", 1 + 1.5 + 2 + 1.5 + 1},
       {ElementRule::kFourWidths, {1, 2, 3, 4, 4}, "1:2:3:4:1.1:2.2:3.3:4.4", 1 + 2.2 + 3 + 4.4 + 4},
       {ElementRule::kNoRatio, {1, 5, 1}, "1:2:3", 7},
