@@ -113,6 +113,21 @@ TEST(Log, TellsWhatIsDoneToABarcode) {
                    debug + "Library deinitialized.", debug + "Exit code 0"}));
 }
 
+TEST(Log, WarnsOnceOfABarcodeTooSmallToRead) {
+  const auto warnings = [](const std::string& settings) {
+    Lines lines =
+        Split(StandAlone("barcode=20 data=12345678 trace=verbose " + settings).run().errors);
+    std::erase_if(lines, [](const std::string& line) { return !line.starts_with("WARNING: "); });
+    return lines;
+  };
+  EXPECT_EQ(warnings("modulewidth=0.25"), Lines());
+  EXPECT_EQ(warnings("modulewidth=0.1 mustfit=on"), Lines());
+  EXPECT_EQ(
+      warnings("modulewidth=0.1"),
+      Lines{"WARNING: vextorin: Warning: The barcode may be too small to be read: its modules "
+            "are 0.1 mm wide. A width of 15.01 mm would do."});
+}
+
 TEST(Log, NamesTheInputFile) {
   Program program = Recorded(Filter("trace=verbose"));
   program.inputFile = true;
