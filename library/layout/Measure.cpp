@@ -24,8 +24,9 @@ constexpr double kMostLarger = 1.1, kMostTwice = 1.26;
 // A module width counts as so many dots when no more than this share of a dot is missing: printers
 // called 203 dpi have 8 dots per millimetre.
 constexpr double kDotSlack = 0.02;
-// A module is too small when more than this share of it is missing.
-constexpr double kModuleSlack = 0.01;
+// A module is too small when more than this share of it is missing: two dots at 203 dpi, which is
+// what labels have, are 0.25 mm, not 0.254.
+constexpr double kModuleSlack = 0.02;
 
 // Font sizes where none is set, in points: for the first try, and for the lowest and the highest
 // bars that count.

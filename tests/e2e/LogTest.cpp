@@ -125,7 +125,7 @@ TEST(Log, WarnsOnceOfABarcodeTooSmallToRead) {
   EXPECT_EQ(
       warnings("modulewidth=0.1"),
       Lines{"WARNING: vextorin: Warning: The barcode may be too small to be read: its modules "
-            "are 0.1 mm wide. A width of 15.01 mm would do."});
+            "are 0.1 mm wide. A width of 20.066 mm would do."});
 }
 
 TEST(Log, NamesTheInputFile) {

@@ -170,7 +170,7 @@ TEST_F(CInterface, WarnsOfModulesThatReadersMayMiss) {
       {"180", 72, 0,
        "The barcode may be too small to be read: its modules are 0.18 mm wide. A width of 23.37 mm "
        "would do."},
-      {"253", 72, 1, ""},
+      {"250", 72, 1, ""},
       {"250", 72, 2,
        "The barcode may be too small to be read: its modules are 0.25 mm wide. A width of 41.574 "
        "mm "
