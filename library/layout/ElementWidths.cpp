@@ -27,11 +27,13 @@ std::size_t NumbersOf(ElementRule rule) {
   return 0;
 }
 
-// The shortest run that is not narrow.
+// The shortest run that is not narrow, of those that come in two widths.
 int NominalWide(const Symbol& symbol) {
+  const std::size_t step = symbol.elements == ElementRule::kTwoWidthBars ? 2 : 1;
   int wide = 0;
   for (const SymbolRow& row : symbol.rows) {
-    for (int run : row.runs) {
+    for (std::size_t i = 0; i < row.runs.size(); i += step) {
+      const int run = row.runs[i];
       if (run > 1 && (wide == 0 || run < wide)) wide = run;
     }
   }
