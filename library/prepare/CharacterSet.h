@@ -41,6 +41,11 @@ inline constexpr CharacterSet kAllBytes = CharacterSet::Range(0, 255);
 inline constexpr CharacterSet kDigits = CharacterSet::Range('0', '9');
 inline constexpr CharacterSet kCode39Characters =
     kDigits | CharacterSet::Range('A', 'Z') | CharacterSet::Of("-. $/+%");
+inline constexpr CharacterSet kDigitsAndHyphen = kDigits | CharacterSet::Of("-");
+inline constexpr CharacterSet kCodabarCharacters = kDigits | CharacterSet::Of("-$:/.+ABCD");
+// Letters that can't be taken for digits.
+inline constexpr CharacterSet kVinCharacters =
+    kDigits | CharacterSet::Of("ABCDEFGHJKLMNPRSTUVWXYZ");
 // The 82 characters of GS1 element strings (GS1 General Specifications, ISO/IEC 646 subset).
 inline constexpr CharacterSet kGs1Characters = kDigits | CharacterSet::Range('A', 'Z') |
                                                CharacterSet::Range('a', 'z') |

@@ -21,9 +21,10 @@ struct CheckMethods {
 };
 
 enum class CheckKind {
-  kOptional,  // the method set appends to the data; methods 0 and 1 append nothing
-  kLast,      // the last place of data of fixed length: verified when given, else computed
-  kBuiltIn,   // symbol characters outside the data, made by the encoder
+  kOptional,  // the method set appends to the data; 1 stands for the standard's, if it has one
+  kOptionalBuiltIn,  // as kOptional, but the encoder puts them where they belong
+  kLast,             // the last place of data of fixed length: verified when given, else computed
+  kBuiltIn,          // symbol characters outside the data, made by the encoder
 };
 
 struct CheckRule {
@@ -31,6 +32,9 @@ struct CheckRule {
   int standardMethod;  // what method 1 stands for, 0: none
   int digits;          // that the standard method adds
   CheckMethods methods;
+  // kLast: length with the check digit of data that may go on with a plus sign and an add-on; 0:
+  // there is no add-on, the type's fixed length.
+  int mainLength = 0;
 };
 
 // Numbers of methods that encoders compute by.
@@ -41,7 +45,8 @@ int CheckDigitCount(const CheckRule& rule, int method);
 
 // The check digits of `data` by a method that appends characters. Throws Error with
 // BC_E_INVALIDDATA: position is the index in `data` of a character that the method knows no value
-// for, or -1 where the data has no check digit (mod 11 remainder 10).
+// for; where the data as a whole have no check digit (mod 11 remainder 10) it is 0 for a PZN, of
+// which such numbers are none, else -1.
 std::string ComputeCheckDigits(int method, std::string_view data);
 
 }  // namespace Library

@@ -55,16 +55,6 @@ void CheckLength(const Data& data, const Symbology& symbology) {
   if (length < symbology.minLength) throw Error(BC_E_INVALIDDATA);
 }
 
-// ComputeCheckDigits, with an error's index turned into the caller's.
-std::string ComputeFor(const Data& data, int method) {
-  try {
-    return ComputeCheckDigits(method, Bytes(data));
-  } catch (const Error& error) {
-    if (!error.position.known()) throw;
-    throw Error(error.code, DataIndex(data[static_cast<std::size_t>(error.position.value)].source));
-  }
-}
-
 void Insert(Data& data, Data::difference_type place, const std::string& digits) {
   Data added = RawData(digits);
   for (DataCharacter& character : added) character.source = -1;
@@ -75,35 +65,66 @@ void Insert(Data& data, Data::difference_type place, const std::string& digits) 
 std::string VerifyLast(Data& data, int method, bool autoCorrect) {
   const DataCharacter given = data.back();
   data.pop_back();
-  const std::string expected = ComputeFor(data, method);
+  const std::string expected = CheckDigitsOf(data, method);
   const auto value = static_cast<std::uint16_t>(static_cast<unsigned char>(expected.front()));
   if (given.value != value && !autoCorrect) throw Error(BC_E_INVALIDDATA, DataIndex(given.source));
   data.push_back({value, given.source});
   return expected;
 }
 
-std::string ApplyCheckDigits(Data& data, const Symbology& symbology, const Options& options) {
-  const CheckRule& rule = symbology.check;
+// Makes or verifies the check digits of data without an add-on.
+std::string CompleteCheckDigits(Data& data, int method, int fixedLength, const Symbology& symbology,
+                                bool autoCorrect) {
+  const bool last = symbology.check.kind == CheckKind::kLast;
   const auto mark = std::find_if(data.begin(), data.end(), IsCheckDigitPlace);
   const bool marked = mark != data.end();
   const auto place = mark - data.begin();
   std::erase_if(data, IsCheckDigitPlace);
+  const bool given = last && !marked && static_cast<int>(data.size()) == fixedLength;
+  if (given) return VerifyLast(data, method, autoCorrect);
 
-  const bool standard = options.checkDigitMethod == 1 || rule.kind == CheckKind::kLast;
-  const int method = standard ? rule.standardMethod : options.checkDigitMethod;
-  if (rule.kind == CheckKind::kBuiltIn || method == 0) return {};
-  const bool given = rule.kind == CheckKind::kLast && !marked &&
-                     static_cast<int>(data.size()) == symbology.fixedLength;
-  if (given) return VerifyLast(data, method, options.autoCorrect > 0);
-
-  const std::string digits = ComputeFor(data, method);
+  const std::string digits = CheckDigitsOf(data, method);
   Insert(data, place, digits);
   // A format string may have put the check digit where the symbology does not look for it.
-  if (rule.kind == CheckKind::kLast) VerifyLast(data, method, false);
+  if (last) VerifyLast(data, method, false);
+  return digits;
+}
+
+std::string ApplyCheckDigits(Data& data, const Symbology& symbology, const Options& options) {
+  const CheckRule& rule = symbology.check;
+  const bool standard = options.checkDigitMethod == 1 || rule.kind == CheckKind::kLast;
+  const int method = standard ? rule.standardMethod : options.checkDigitMethod;
+  const bool byEncoder =
+      rule.kind == CheckKind::kBuiltIn || rule.kind == CheckKind::kOptionalBuiltIn;
+  if (byEncoder || method == 0) {
+    std::erase_if(data, IsCheckDigitPlace);
+    return {};
+  }
+  if (rule.mainLength == 0) {
+    return CompleteCheckDigits(data, method, symbology.fixedLength, symbology,
+                               options.autoCorrect > 0);
+  }
+  const auto addOn = std::find_if(data.begin(), data.end(), [](const DataCharacter& character) {
+    return character.value == '+';
+  });
+  const Data tail(addOn, data.end());
+  data.erase(addOn, data.end());
+  std::string digits =
+      CompleteCheckDigits(data, method, rule.mainLength, symbology, options.autoCorrect > 0);
+  data.insert(data.end(), tail.begin(), tail.end());
   return digits;
 }
 
 }  // namespace
+
+std::string CheckDigitsOf(const Data& data, int method) {
+  try {
+    return ComputeCheckDigits(method, Bytes(data));
+  } catch (const Error& error) {
+    if (!error.position.known()) throw;
+    throw Error(error.code, DataIndex(data[static_cast<std::size_t>(error.position.value)].source));
+  }
+}
 
 Data MessageOf(const Options& options, const Symbology& symbology) {
   Data data = SourceData(options, TakesFunctionCharacters(symbology, options));

@@ -22,4 +22,7 @@ Data MessageOf(const Options& options, const Symbology& symbology);
 // The others, for a message or a part of it.
 PreparedData Prepare(const Options& options, const Symbology& symbology, Data data);
 
+// ComputeCheckDigits of the bytes of `data`, with an error's index turned into the caller's.
+std::string CheckDigitsOf(const Data& data, int method);
+
 }  // namespace Library

@@ -1,9 +1,13 @@
-// Code 39 (ISO/IEC 16388).
-#include "library/prepare/Hibc.h"
-#include "library/symbology/Encoders.h"
-#include "library/symbology/Linear.h"
+// Code 39 (ISO/IEC 16388), its full ASCII form and LOGMARS (MIL-STD-1189B).
+#include "library/symbology/Code39.h"
 
-#include <numeric>
+#include "library/Error.h"
+#include "library/prepare/Hibc.h"
+#include "library/symbology/FullAscii.h"
+#include "library/symbology/Linear.h"
+#include "library/symbology/LinearEncoders.h"
+
+#include <algorithm>
 
 namespace Library {
 namespace {
@@ -26,37 +30,57 @@ constexpr std::string_view kPatterns[] = {
 };
 static_assert(std::size(kPatterns) == kAlphabet.size());
 
-std::string_view Pattern(char character) {
-  return kPatterns[kAlphabet.find(character)];
-}
+// Of the full ASCII form.
+constexpr std::size_t kMaxCodeCharacters = 85;
+constexpr std::string_view kDirectSigns = "-.";
 
-void Draw(std::string_view data, Symbol& symbol) {
-  LinearRow row;
-  row.append(Pattern(kStartStop));
-  for (const char character : data) {
-    row.append(kGap);
-    row.append(Pattern(character));
-  }
-  row.append(kGap);
-  row.append(Pattern(kStartStop));
-  std::move(row).finish(symbol);
+void AppendCharacter(char character, int wide, LinearRow& row) {
+  std::string widths(kPatterns[kAlphabet.find(character)]);
+  std::replace(widths.begin(), widths.end(), '2', static_cast<char>('0' + wide));
+  row.append(widths);
 }
 
 }  // namespace
 
+void DrawCode39(std::string_view text, int wide, Symbol& symbol) {
+  LinearRow row;
+  AppendCharacter(kStartStop, wide, row);
+  for (const char character : text) {
+    row.append(kGap);
+    AppendCharacter(character, wide, row);
+  }
+  row.append(kGap);
+  AppendCharacter(kStartStop, wide, row);
+  std::move(row).finish(symbol);
+}
+
 void EncodeCode39(const EncoderInput& input, Symbol& symbol) {
   std::string text = Bytes(input.data);
-  Draw(text, symbol);
+  DrawCode39(text, 2, symbol);
+  SetTextLine(symbol, std::move(text));
+}
+
+void EncodeExtendedCode39(const EncoderInput& input, Symbol& symbol) {
+  const std::string data = Bytes(input.data);
+  std::string code;
+  for (const char character : data) code += FullAsciiPair(character, kDirectSigns);
+  if (code.size() > kMaxCodeCharacters) throw Error(BC_E_DATATOOLONG);
+  const int method = input.options.checkDigitMethod;
+  if (method > 1) symbol.checkDigits = ComputeCheckDigits(method, code);
+  DrawCode39(code + symbol.checkDigits, 2, symbol);
+  SetTextLine(symbol, BlankedText(data) + symbol.checkDigits);
+}
+
+void EncodeLogmars(const EncoderInput& input, Symbol& symbol) {
+  std::string text = Bytes(input.data);
+  DrawCode39(text, 3, symbol);
   SetTextLine(symbol, std::move(text));
 }
 
 // Health Industry Bar Code, wide elements 3 modules wide.
 void EncodeHibcCode39(const EncoderInput& input, Symbol& symbol) {
   HibcMessage message = CompleteHibc(input.data, input.symbology.maxLength);
-  Draw(Bytes(message.data), symbol);
-  for (int& run : symbol.rows.front().runs) run = run == 1 ? 1 : 3;
-  symbol.width =
-      std::accumulate(symbol.rows.front().runs.begin(), symbol.rows.front().runs.end(), 0);
+  DrawCode39(Bytes(message.data), 3, symbol);
   SetTextLine(symbol, std::move(message.text));
   symbol.checkDigits = message.check;
 }

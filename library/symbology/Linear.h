@@ -24,6 +24,13 @@ class LinearRow {
   int total = 0;
 };
 
+// `digits` in the places of the # signs of `mask`, the other characters of which stand for
+// themselves.
+std::string Masked(std::string_view digits, std::string_view mask);
+
+// Text of ASCII data, with blanks for control characters.
+std::string BlankedText(std::string_view data);
+
 // One line of text over the whole symbol, for which the row must be finished; none when empty.
 void SetTextLine(Symbol& symbol, std::string text);
 

@@ -61,6 +61,10 @@ Scanned Scan(const Library::Symbol& symbol) {
   const Bitmap bitmap = Draw(symbol);
   ZXing::DecodeHints hints;
   hints.setTryHarder(true);
+  hints.setEanAddOnSymbol(ZXing::EanAddOnSymbol::Read);
+  hints.setReturnCodabarStartEnd(true);
+  constexpr int kExtendedCode39 = 9;
+  hints.setTryCode39ExtendedMode(symbol.type == kExtendedCode39);
   hints.setIsPure(symbol.geometry == Library::Geometry::kMatrix);
   const ZXing::Result result = ZXing::ReadBarcode(
       {bitmap.pixels.data(), bitmap.width, bitmap.height, ZXing::ImageFormat::Lum}, hints);
