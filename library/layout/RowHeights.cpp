@@ -20,13 +20,18 @@ constexpr double kGeneralMinimum = 5 * kMillimetre;
 constexpr double kLeastScale = 0.5;
 
 // Height of a linear symbol, or of the linear part of a composite one, when nothing asks for more.
-double LinearMinimum(MinimalHeight rule, double width) {
-  if (rule != MinimalHeight::kLogistics) return kGeneralMinimum;
-  return std::max(kLogisticsShare * width, kLogisticsMinimum);
+double LinearMinimum(const Family& family, const RowSpace& space) {
+  if (family.leastHeight > 0) return family.leastHeight * space.module;
+  if (family.minimalHeight != MinimalHeight::kLogistics) return kGeneralMinimum;
+  return std::max(kLogisticsShare * space.width, kLogisticsMinimum);
 }
 
 bool IsFlexible(const SymbolRow& row) {
   return row.height <= 0;
+}
+
+bool Stretches(const SymbolRow& row) {
+  return !row.rigid && !IsSeparator(row);
 }
 
 // Rows of fixed height fill the box when there is no other that could; separators stay.
@@ -34,13 +39,13 @@ void Stretch(const Symbol& symbol, double room, std::vector<double>& heights) {
   double stretching = 0, all = 0;
   for (std::size_t i = 0; i < heights.size(); ++i) {
     all += heights[i];
-    if (!IsSeparator(symbol.rows[i])) stretching += heights[i];
+    if (Stretches(symbol.rows[i])) stretching += heights[i];
   }
   if (stretching <= 0) return;
   const double scale = (room - (all - stretching)) / stretching;
   if (scale < kLeastScale) return;
   for (std::size_t i = 0; i < heights.size(); ++i) {
-    if (!IsSeparator(symbol.rows[i])) heights[i] *= scale;
+    if (Stretches(symbol.rows[i])) heights[i] *= scale;
   }
 }
 
@@ -63,7 +68,7 @@ std::vector<double> RowHeights(const Symbol& symbol, const Options& options, Siz
       type.family.setHeights == nullptr ? SetHeights() : type.family.setHeights(options);
   const bool linear =
       type.family.minimalHeight != MinimalHeight::kNone || type.family.rowHeight <= 0;
-  const double own = linear        ? LinearMinimum(type.family.minimalHeight, space.width)
+  const double own = linear        ? LinearMinimum(type.family, space)
                      : set.row > 0 ? set.row
                                    : type.family.rowHeight * space.module;
   std::vector<double> heights;

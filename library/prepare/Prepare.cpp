@@ -19,7 +19,8 @@ bool TakesFunctionCharacters(const Symbology& symbology, const Options& options)
 constexpr CharacterSet kElementCharacters = kGs1Characters | CharacterSet::Of("#");
 
 const CharacterSet& CharactersOf(const Symbology& symbology, const Options& options) {
-  return TakesGs1(symbology, options) ? kElementCharacters : symbology.characters;
+  const bool elements = TakesGs1(symbology, options) && !symbology.family.ownElementCharacters;
+  return elements ? kElementCharacters : symbology.characters;
 }
 
 bool IsCheckDigitPlace(const DataCharacter& character) {

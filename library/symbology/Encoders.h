@@ -45,6 +45,12 @@ void EncodeMicroQrCode(const EncoderInput& input, Symbol& symbol);
 void EncodeRectangularQr(const EncoderInput& input, Symbol& symbol);
 void EncodeDataMatrix(const EncoderInput& input, Symbol& symbol);
 void EncodeAztec(const EncoderInput& input, Symbol& symbol);
+void EncodeDataBar(const EncoderInput& input, Symbol& symbol);
+void EncodeLimitedDataBar(const EncoderInput& input, Symbol& symbol);
+void EncodeStackedDataBar(const EncoderInput& input, Symbol& symbol);
+void EncodeStackedOmniDataBar(const EncoderInput& input, Symbol& symbol);
+void EncodeExpandedDataBar(const EncoderInput& input, Symbol& symbol);
+void EncodeStackedExpandedDataBar(const EncoderInput& input, Symbol& symbol);
 
 // What a HIBC symbol holds, drawn by the encoder of the symbology that carries it.
 void EncodeHibc(const EncoderInput& input, Encoder carrier, Symbol& symbol);

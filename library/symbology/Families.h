@@ -78,15 +78,26 @@ constexpr Family kGs1Code128 = {.geometry = G::kLinear,
                                 .codeSets = true,
                                 .takesGs1 = Always};
 constexpr Family kEanUpc = kLogisticsBarcode;
-constexpr Family kDataBar = {
-    .geometry = G::kLinear, .minimalHeight = M::kLogistics, .textShown = true};
-constexpr Family kDataBarExpanded = {
-    .geometry = G::kLinear, .minimalHeight = M::kLogistics, .textShown = true, .takesGs1 = Always};
+constexpr Family DataBar(double leastHeight) {
+  return {.geometry = G::kLinear,
+          .minimalHeight = M::kLogistics,
+          .textShown = true,
+          .leastHeight = leastHeight};
+}
+constexpr Family kDataBar = DataBar(33);
+constexpr Family kTruncatedDataBar = DataBar(13);
+constexpr Family kLimitedDataBar = DataBar(10);
+constexpr Family kDataBarExpanded = {.geometry = G::kLinear,
+                                     .minimalHeight = M::kLogistics,
+                                     .textShown = true,
+                                     .leastHeight = 34,
+                                     .takesGs1 = Always,
+                                     .ownElementCharacters = true};
 
 // Stacked symbols.
 constexpr Family kStackedDataBar = {.geometry = G::kStacked, .rowHeight = 33};
 constexpr Family kStackedDataBarExpanded = {
-    .geometry = G::kStacked, .rowHeight = 34, .takesGs1 = Always};
+    .geometry = G::kStacked, .rowHeight = 34, .takesGs1 = Always, .ownElementCharacters = true};
 constexpr Family kCode16K = {.geometry = G::kStacked,
                              .elements = E::kFourWidths,
                              .rowHeight = 8,

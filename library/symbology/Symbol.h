@@ -30,6 +30,7 @@ struct SymbolRow {
   double height = 0;  // in X; 0: shares what height is left
   // Numbers of runs: of each character, guard and gap between characters in turn. Empty: not known.
   std::vector<int> characters = {};
+  bool rigid = false;  // no higher than that, also where rows have to fill a box
 };
 
 // A piece of human-readable text and the modules that it belongs to. [from, to) may reach outside

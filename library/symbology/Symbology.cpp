@@ -5,6 +5,7 @@
 #include "library/symbology/Codablock.h"
 #include "library/symbology/Code128.h"
 #include "library/symbology/Code16K.h"
+#include "library/symbology/DataBar.h"
 #include "library/symbology/Encoders.h"
 #include "library/symbology/Families.h"
 #include "library/symbology/LinearEncoders.h"
@@ -127,9 +128,9 @@ constexpr Symbology kSymbologies[] = {
     {26,  "ISSN",                                kEanUpc,                 EncodeIssn,            NormalizeIssn, kIssnOnlyCharacters, 7,  13,             13, kIssnCheck,        330,  {11, 7}},
     {27,  "ISSN + 2",                            kEanUpc,                 EncodeIssn,            NormalizeIssn, kIssnCharacters,     9,  16,             15, kIssnCheck,        330,  {11, 5}},
     {28,  "Flattermarken",                       kPlainBarcode,           EncodeFlattermarken,   nullptr, kDigits,                   1,  90,             0,  kNoCheck,          254,  {0, 0}},
-    {29,  "GS1 DataBar Omnidirectional",         kDataBar,                nullptr,               nullptr, kDigits,                   13, 14,             14, kGtinCheck,        330,  {0, 0}},
-    {30,  "GS1 DataBar Limited",                 kDataBar,                nullptr,               nullptr, kDigits,                   13, 14,             14, kGtinCheck,        330,  {0, 0}},
-    {31,  "GS1 DataBar Expanded",                kDataBarExpanded,        nullptr,               nullptr, kGs1Characters,            1,  kDataBarLength, 0,  kNoCheck,          250,  {0, 0}},
+    {29,  "GS1 DataBar Omnidirectional",         kDataBar,                EncodeDataBar, RemoveGtinIdentifier, kDigits,                   13, 14,             14, kGtinCheck,        330,  {0, 0}},
+    {30,  "GS1 DataBar Limited",                 kLimitedDataBar,         EncodeLimitedDataBar, NormalizeLimitedGtin, kDigits,                   13, 14,             14, kGtinCheck,        330,  {0, 0}},
+    {31,  "GS1 DataBar Expanded",                kDataBarExpanded,        EncodeExpandedDataBar, nullptr, kDataBarCharacters,        1,  kDataBarLength, 0,  kNoCheck,          250,  {0, 0}},
     {32,  "Telepen Alpha",                       kFixedTwoWidthBarcode,   EncodeTelepen,         nullptr, kAscii,                    1,  30,             0,  kTelepenCheck,     254,  {10, 10}},
     {33,  "GS1-128 (UCC-128)",                   kGs1Code128,             EncodeGs1Code128,      nullptr, kGs1Characters,            1,  kGs1Length,     0,  kGs1Check,         495,  {10, 10}},
     {34,  "UPC-A",                               kEanUpc,                 EncodeUpcA,            nullptr, kDigits,                   11, 12,             12, kUpcACheck,        330,  {9, 9}},
@@ -176,10 +177,10 @@ constexpr Symbology kSymbologies[] = {
     {75,  "NVE-18",                              kLogisticsBarcode,            EncodeSscc18,          RemoveSsccIdentifier, kDigits,                   17, 18,             18, kSsccCheck,        495,  {10, 10}},
     {76,  "Japan Post",                          kFourState,              nullptr,               nullptr, kJapanPostCharacters,      1,  20,             0,  kJapanPostCheck,   577,  {3.3, 3.3, 3.3, 3.3}},
     {77,  "Korea Post",                          kHiddenPlainBarcode,     EncodeZintLinear,      nullptr, kDigits,                   6,  7,              7,  kKoreaPostCheck,   423,  {10, 10}},
-    {78,  "GS1 DataBar Truncated",               kDataBar,                nullptr,               nullptr, kDigits,                   13, 14,             14, kGtinCheck,        330,  {0, 0}},
-    {79,  "GS1 DataBar Stacked",                 kStackedDataBar,         nullptr,               nullptr, kDigits,                   13, 14,             14, kGtinCheck,        330,  {0, 0}},
-    {80,  "GS1 DataBar Stacked Omnidirectional", kStackedDataBar,         nullptr,               nullptr, kDigits,                   13, 14,             14, kGtinCheck,        330,  {0, 0}},
-    {81,  "GS1 DataBar Expanded Stacked",        kStackedDataBarExpanded, nullptr,               nullptr, kGs1Characters,            1,  kDataBarLength, 0,  kNoCheck,          250,  {0, 0}},
+    {78,  "GS1 DataBar Truncated",               kTruncatedDataBar,       EncodeDataBar, RemoveGtinIdentifier, kDigits,                   13, 14,             14, kGtinCheck,        330,  {0, 0}},
+    {79,  "GS1 DataBar Stacked",                 kStackedDataBar,         EncodeStackedDataBar, RemoveGtinIdentifier, kDigits,                   13, 14,             14, kGtinCheck,        330,  {0, 0}},
+    {80,  "GS1 DataBar Stacked Omnidirectional", kStackedDataBar,         EncodeStackedOmniDataBar, RemoveGtinIdentifier, kDigits,                   13, 14,             14, kGtinCheck,        330,  {0, 0}},
+    {81,  "GS1 DataBar Expanded Stacked",        kStackedDataBarExpanded, EncodeStackedExpandedDataBar, nullptr, kDataBarCharacters,        1,  kDataBarLength, 0,  kNoCheck,          250,  {0, 0}},
     {82,  "Planet 12",                           kTwoState,               nullptr,               nullptr, kDigits,                   11, 12,             12, kPostnetCheck,     577,  {5, 5, 1.6, 1.6}},
     {83,  "Planet 14",                           kTwoState,               nullptr,               nullptr, kDigits,                   13, 14,             14, kPostnetCheck,     577,  {5, 5, 1.6, 1.6}},
     {84,  "MicroPDF417",                         kMicroPdf417,            EncodeMicroPdf417,     nullptr, kAllBytes,                 1,  kMicroPdfLength, 0,  kNoCheck,          254,  {1, 1, 1, 1}},

@@ -43,11 +43,13 @@ struct Family {
   bool textShown = false;  // by default
   double rowHeight = 0;    // X, of a row of a stacked symbol when none is set; 0: not stacked
   int characterRuns = 0;   // bars and spaces of a character where the encoder names none; 0: varies
+  double leastHeight = 0;  // X, of a linear symbol, instead of the least height above; 0: none
 
   bool functionCharacters = false;                     // FNC1 to FNC4 can be encoded
   bool codeSets = false;                               // A, B, C of a format string switch the set
   bool eci = false;                                    // an ECI number can be encoded in front
   bool (*takesGs1)(const Options& options) = nullptr;  // the data are element strings; null: never
+  bool ownElementCharacters = false;  // element strings have the characters of the type's row
   SetHeights (*setHeights)(const Options& options) = nullptr;  // null: no option sets them
   const StructuredAppend* append = nullptr;                    // null: the symbology has none
 };

@@ -65,11 +65,15 @@ void ZintSymbol::encode(std::string_view data, BCResult overridden) {
   if (!tryEncode(data, overridden)) throw Error(BC_E_DATATOOLONG);
 }
 
+std::vector<int> ZintSymbol::runs(int row) const {
+  return Runs(symbol->encoded_data[row], symbol->width);
+}
+
 void ZintSymbol::copyRows(Symbol& target, double rowHeight) const {
   target.width = symbol->width;
   target.rows.reserve(static_cast<std::size_t>(symbol->rows));
   for (int row = 0; row < symbol->rows; ++row) {
-    target.rows.push_back({Runs(symbol->encoded_data[row], symbol->width), rowHeight});
+    target.rows.push_back({runs(row), rowHeight});
   }
 }
 
@@ -84,15 +88,18 @@ MatrixContent ContentOf(const EncoderInput& input) {
     return {Bytes(input.data), PrintableText(input.data), false};
 
   ElementString elements = ParseElementString(input.data, input.options.autoCorrect > 0);
-  // An empty pair of brackets stands for FNC1 in libzint's unchecked element strings, the first for
-  // the mode.
-  std::string data = "[]";
-  data.reserve(elements.data.size() + 16);
-  for (const DataCharacter character : elements.data) {
-    if (character.isByte()) data += static_cast<char>(character.value);
-    if (character.value == kFnc1) data += "[]";
+  return {UncheckedElements(elements.data), std::move(elements.text), true};
+}
+
+std::string UncheckedElements(const Data& data) {
+  // An empty pair of brackets stands for FNC1, the first for the mode.
+  std::string elements = "[]";
+  elements.reserve(data.size() + 16);
+  for (const DataCharacter character : data) {
+    if (character.isByte()) elements += static_cast<char>(character.value);
+    if (character.value == kFnc1) elements += "[]";
   }
-  return {std::move(data), std::move(elements.text), true};
+  return elements;
 }
 
 void SetInputMode(ZintSymbol& symbol, const MatrixContent& content) {

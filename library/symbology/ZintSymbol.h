@@ -4,6 +4,7 @@
 #pragma once
 
 #include "engine/library/vextorin9.h"
+#include "library/prepare/PreparedData.h"
 #include "library/symbology/Symbol.h"
 #include "library/symbology/ZintLibrary.h"
 
@@ -34,6 +35,9 @@ class ZintSymbol {
     return ((symbol->encoded_data[row][column >> 3] >> (column & 7)) & 1) != 0;
   }
 
+  // Of a row, as SymbolRow has them.
+  std::vector<int> runs(int row) const;
+
   // Adds all rows as runs, each `rowHeight` X high.
   void copyRows(Symbol& target, double rowHeight) const;
 
@@ -54,6 +58,9 @@ struct MatrixContent {
 
 // Element strings are parsed and verified, other data are bytes.
 MatrixContent ContentOf(const EncoderInput& input);
+
+// Element strings as parsed, in the form that libzint takes unchecked.
+std::string UncheckedElements(const Data& data);
 
 // Switches libzint to element strings where the content is one.
 void SetInputMode(ZintSymbol& symbol, const MatrixContent& content);
