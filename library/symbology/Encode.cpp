@@ -2,6 +2,7 @@
 
 #include "library/Error.h"
 #include "library/prepare/Prepare.h"
+#include "library/symbology/Composite.h"
 #include "library/symbology/Encoders.h"
 
 #include <utility>
@@ -12,7 +13,7 @@ const Symbology& SymbologyOf(const Options& options) {
   const Symbology* const symbology = FindSymbology(options.type);
   if (symbology == nullptr) throw Error(BC_E_INVALIDARG);
   if (symbology->encoder == nullptr) throw Error(BC_E_NOTSUPPORTED);
-  if (options.compositeType != 0) throw Error(BC_E_NOTSUPPORTED).inComponent();
+  if (options.compositeType != 0) CheckComponentType(options);
   if (options.eci != 0 && !symbology->family.eci) throw Error(BC_E_NOTSUPPORTED);
   return *symbology;
 }
@@ -30,18 +31,25 @@ void SplitIntoCharacters(SymbolRow& row, int runs) {
 }  // namespace
 
 Symbol Encode(const Options& options) {
-  return EncodePart(options, MessageOf(options, SymbologyOf(options)));
+  const Symbology& symbology = SymbologyOf(options);
+  if (options.compositeType != 0) return EncodeComposite(options, symbology);
+  return EncodePart(options, MessageOf(options, symbology));
 }
 
 Symbol EncodePart(const Options& options, Data part) {
   const Symbology& symbology = SymbologyOf(options);
-  PreparedData prepared = Prepare(options, symbology, std::move(part));
+  // Only whole messages have a component.
+  if (options.compositeType != 0) throw Error(BC_E_NOTSUPPORTED).inComponent();
+  return EncodePrepared(options, symbology, Prepare(options, symbology, std::move(part)));
+}
 
+Symbol EncodePrepared(const Options& options, const Symbology& symbology,
+                      const PreparedData& prepared) {
   Symbol symbol;
   symbol.type = symbology.type;
   symbol.geometry = symbology.family.geometry;
   symbol.elements = symbology.family.elements;
-  symbol.checkDigits = std::move(prepared.checkDigits);
+  symbol.checkDigits = prepared.checkDigits;
   symbology.encoder({options, symbology, prepared.data, prepared.given}, symbol);
   if (const int runs = symbology.family.characterRuns; runs > 0) {
     for (SymbolRow& row : symbol.rows) SplitIntoCharacters(row, runs);

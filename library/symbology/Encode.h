@@ -2,7 +2,7 @@
 #pragma once
 
 #include "library/Options.h"
-#include "library/prepare/PreparedData.h"
+#include "library/prepare/Prepare.h"
 #include "library/symbology/Symbol.h"
 #include "library/symbology/Symbology.h"
 
@@ -17,6 +17,10 @@ Symbol Encode(const Options& options);
 // The same for a part of the message: format string, characters, length and check digits are those
 // of the part.
 Symbol EncodePart(const Options& options, Data part);
+
+// The last step alone: the symbol of data that are prepared for the type.
+Symbol EncodePrepared(const Options& options, const Symbology& symbology,
+                      const PreparedData& prepared);
 
 // Throws Error as Encode does.
 const Symbology& SymbologyOf(const Options& options);
