@@ -39,18 +39,20 @@ Bitmap Draw(const Library::Symbol& symbol) {
   for (const Library::SymbolRow& row : symbol.rows) height += Height(row);
   Bitmap bitmap((symbol.width + 2 * kQuiet) * kPixels, (height + 2 * kQuiet) * kPixels);
   int top = kQuiet;
+  bool odd = false;
   for (const Library::SymbolRow& row : symbol.rows) {
-    int left = kQuiet;
+    // Rows of hexagons are shifted by half a one in turn.
+    const bool shifted = odd && symbol.geometry == Library::Geometry::kHexagonal;
+    int left = kQuiet * kPixels + (shifted ? kPixels / 2 : 0);
     bool dark = true;
     for (const int run : row.runs) {
-      if (dark) {
-        bitmap.paint(left * kPixels, top * kPixels, (left + run) * kPixels,
-                     (top + Height(row)) * kPixels);
-      }
-      left += run;
+      const int right = left + run * kPixels;
+      if (dark) bitmap.paint(left, top * kPixels, right, (top + Height(row)) * kPixels);
+      left = right;
       dark = !dark;
     }
     top += Height(row);
+    odd = !odd;
   }
   return bitmap;
 }
@@ -65,7 +67,9 @@ Scanned Scan(const Library::Symbol& symbol) {
   hints.setReturnCodabarStartEnd(true);
   constexpr int kExtendedCode39 = 9;
   hints.setTryCode39ExtendedMode(symbol.type == kExtendedCode39);
-  hints.setIsPure(symbol.geometry == Library::Geometry::kMatrix);
+  const bool hexagons = symbol.geometry == Library::Geometry::kHexagonal;
+  hints.setIsPure(hexagons || symbol.geometry == Library::Geometry::kMatrix);
+  if (hexagons) hints.setFormats(ZXing::BarcodeFormat::MaxiCode);
   const ZXing::Result result = ZXing::ReadBarcode(
       {bitmap.pixels.data(), bitmap.width, bitmap.height, ZXing::ImageFormat::Lum}, hints);
   const ZXing::ByteArray& bytes = result.bytes();
