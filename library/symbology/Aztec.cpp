@@ -1,6 +1,7 @@
 // Aztec Code (ISO/IEC 24778): what the options ask for, and the smallest symbol that gives it.
 #include "library/Error.h"
 #include "library/prepare/Gs1.h"
+#include "library/prepare/Hibc.h"
 #include "library/symbology/AztecMessage.h"
 #include "library/symbology/AztecPattern.h"
 #include "library/symbology/Encoders.h"
@@ -56,7 +57,7 @@ void CheckOptions(const AztecOptions& options) {
 }
 
 // Aztec runes: one number 0 to 255.
-void EncodeRune(const EncoderInput& input, Symbol& symbol) {
+void DrawRune(const EncoderInput& input, Symbol& symbol) {
   for (const DataCharacter character : input.data) {
     if (!character.isDigit()) throw Error(BC_E_INVALIDDATA, DataIndex(character.source));
   }
@@ -83,11 +84,13 @@ void AddHeader(AztecContent& content, const AztecOptions& options) {
   }
   if (options.format == kIndustry) Add(content, options.formatSpecifier);
   if (options.format != kDefault) content.characters.push_back(kFnc1);
+  if (content.eci != 0) content.characters.push_back(kAztecInterpretation);
   content.header = content.characters.size();
 }
 
-AztecContent ContentOf(const AztecOptions& options, const Data& data) {
+AztecContent ContentOf(const AztecOptions& options, int eci, const Data& data) {
   AztecContent content;
+  content.eci = eci;
   content.binary = options.binary;
   content.characters.reserve(data.size() + kMaxIdLength + 8);
   AddHeader(content, options);
@@ -142,28 +145,45 @@ void DrawSmallest(const AztecOptions& options, const AztecContent& content, Symb
   throw Error(BC_E_DATATOOLONG);
 }
 
+void Draw(const Options& options, const Data& data, Symbol& symbol) {
+  const AztecContent content = ContentOf(options.aztec, options.eci, data);
+  if (AztecMessage::leastBits(content.characters.size()) > kMaxAztecBits) {
+    throw Error(BC_E_DATATOOLONG);
+  }
+  DrawSmallest(options.aztec, content, symbol);
+}
+
 }  // namespace
 
 void EncodeAztec(const EncoderInput& input, Symbol& symbol) {
   const AztecOptions& options = input.options.aztec;
   CheckOptions(options);
-  if (options.runes) return EncodeRune(input, symbol);
+  if (options.runes) {
+    if (input.options.eci != 0) throw Error(BC_E_NOTSUPPORTED);
+    return DrawRune(input, symbol);
+  }
 
-  std::string text;
-  AztecContent content;
-  if (TakesGs1(input.symbology, input.options)) {
-    ElementString elements = ParseElementString(input.data, input.options.autoCorrect > 0);
-    content = ContentOf(options, elements.data);
-    text = std::move(elements.text);
-  } else {
-    content = ContentOf(options, input.data);
-    text = PrintableText(input.data);
+  if (!TakesGs1(input.symbology, input.options)) {
+    Draw(input.options, input.data, symbol);
+    return SetTextLine(symbol, PrintableText(input.data));
   }
-  if (AztecMessage::leastBits(content.characters.size()) > kMaxAztecBits) {
-    throw Error(BC_E_DATATOOLONG);
-  }
-  DrawSmallest(options, content, symbol);
-  SetTextLine(symbol, std::move(text));
+  ElementString elements = ParseElementString(input.data, input.options.autoCorrect > 0);
+  Draw(input.options, elements.data, symbol);
+  SetTextLine(symbol, std::move(elements.text));
+}
+
+void EncodeHibcAztec(const EncoderInput& input, Symbol& symbol) {
+  const AztecOptions& options = input.options.aztec;
+  CheckOptions(options);
+  if (options.format != kDefault || options.runes) throw Error(BC_E_INVALIDARG);
+  HibcMessage message = CompleteHibc(input.data, input.symbology.maxLength);
+  Draw(input.options, message.data, symbol);
+  symbol.checkDigits = std::move(message.check);
+  SetTextLine(symbol, std::move(message.text));
+}
+
+void EncodeAztecRune(const EncoderInput& input, Symbol& symbol) {
+  DrawRune(input, symbol);
 }
 
 }  // namespace Library

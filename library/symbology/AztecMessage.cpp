@@ -11,6 +11,7 @@
 #include <array>
 #include <cstddef>
 #include <limits>
+#include <string>
 #include <string_view>
 
 namespace Library {
@@ -24,7 +25,8 @@ constexpr int kBinaryShift = 31;  // upper, lower and mixed mode
 constexpr std::size_t kBinaryModes = 3;
 constexpr int kPunctShift = 0;  // all modes but punctuation
 constexpr int kUpperShift[kModes] = {kNoCode, 28, kNoCode, kNoCode, 15};
-constexpr int kFunction = 0;  // FLG(n) of the punctuation mode, n in 3 bits; 0: FNC1
+// FLG(n) of the punctuation mode, n in 3 bits; 0: FNC1, else an ECI number of n digits follows.
+constexpr int kFunction = 0;
 
 // Bytes of a run by the two lengths that it can be written with: 5 bits, or 11 more that count from
 // 31 on.
@@ -216,8 +218,11 @@ class ShortestPath {
   }
 
   void takeFunction(std::size_t place) {
-    const Code fnc1 = Code{}.then(kPunct, kFunction).then({3, 0});
-    for (std::size_t mode = 0; mode < kModes; ++mode) takePunct(place, mode, fnc1, 1);
+    // The digits, which every way has to write, count nothing.
+    const bool eci = content.characters[place] == kAztecInterpretation;
+    const auto digits = eci ? static_cast<std::uint32_t>(std::to_string(content.eci).size()) : 0;
+    const Code function = Code{}.then(kPunct, kFunction).then({3, digits});
+    for (std::size_t mode = 0; mode < kModes; ++mode) takePunct(place, mode, function, 1);
   }
 
   void takeText(std::size_t place) {
@@ -300,6 +305,13 @@ void Append(std::vector<std::uint8_t>& bits, const Code& code) {
   for (int bit = code.bits; bit-- > 0;) bits.push_back(code.value >> bit & 1);
 }
 
+void AppendDigits(std::vector<std::uint8_t>& bits, int number) {
+  for (const char digit : std::to_string(number)) {
+    Append(bits, {CodeBits(kDigit),
+                  static_cast<std::uint32_t>(kCodes[kDigit][static_cast<unsigned char>(digit)])});
+  }
+}
+
 // `count` bits that a reader in `mode` takes for nothing but latches.
 std::uint32_t Filling(std::size_t mode, int count) {
   constexpr std::size_t kNext[kModes] = {kDigit, kDigit, kUpper, kUpper, kUpper};
@@ -321,6 +333,9 @@ AztecMessage::AztecMessage(const AztecContent& content, unsigned choice) {
   if (content.append) Append(bits, kAppendMark);
   for (const Step& step : way) {
     Append(bits, step.code);
+    if (step.taken == 1 && content.characters[place] == kAztecInterpretation) {
+      AppendDigits(bits, content.eci);
+    }
     for (std::size_t i = place; step.run && i < place + step.taken; ++i) {
       Append(bits, {8, content.characters[i]});
     }

@@ -9,10 +9,14 @@ namespace Library {
 
 enum class AztecMode : std::uint8_t { kUpper, kLower, kMixed, kPunct, kDigit };
 
+// Stands for an ECI number among the characters.
+inline constexpr std::uint16_t kAztecInterpretation = 0x200;
+
 // What a message is made of, in its order: header, then data.
 struct AztecContent {
   bool append = false;                    // begins with the mark of structured append
-  std::vector<std::uint16_t> characters;  // bytes and kFnc1
+  std::vector<std::uint16_t> characters;  // bytes, kFnc1 and kAztecInterpretation
+  int eci = 0;                            // the number that the last stands for
   std::size_t header = 0;                 // of the characters, those in front of the data
   bool binary = false;                    // the bytes of the data in binary shifts only
 };

@@ -51,6 +51,14 @@ void EncodeStackedDataBar(const EncoderInput& input, Symbol& symbol);
 void EncodeStackedOmniDataBar(const EncoderInput& input, Symbol& symbol);
 void EncodeExpandedDataBar(const EncoderInput& input, Symbol& symbol);
 void EncodeStackedExpandedDataBar(const EncoderInput& input, Symbol& symbol);
+void EncodeHibcAztec(const EncoderInput& input, Symbol& symbol);
+void EncodeAztecRune(const EncoderInput& input, Symbol& symbol);
+void EncodeHibcDataMatrix(const EncoderInput& input, Symbol& symbol);
+void EncodeMailmarkMatrix(const EncoderInput& input, Symbol& symbol);
+void EncodeMaxiCode(const EncoderInput& input, Symbol& symbol);
+void EncodeCode49(const EncoderInput& input, Symbol& symbol);
+void EncodePostal(const EncoderInput& input, Symbol& symbol);
+void EncodeOtherMatrix(const EncoderInput& input, Symbol& symbol);
 
 // What a HIBC symbol holds, drawn by the encoder of the symbology that carries it.
 void EncodeHibc(const EncoderInput& input, Encoder carrier, Symbol& symbol);
