@@ -54,6 +54,11 @@ struct AztecOptions {
   char appendSum = 'A', appendIndex = 'A';
 };
 
+// In a structured append of a symbology that has no options of its own for it.
+struct PlaceInMessage {
+  int index = 1, count = 1;  // index from 1; count 1: alone
+};
+
 struct GridOptions {
   bool enabled = false;
   int rows = -1, columns = -1, dataLimit = -1, growth = 0, structuredAppend = 0;
@@ -112,8 +117,11 @@ struct Options : LayoutOptions {
 
   int eci = 0;  // Extended Channel Interpretation of the data, 0: none
 
+  PlaceInMessage placeInMessage;
+
   int compositeType = 0;  // 0 none, 1 auto, 2 A, 3 B, 4 C
   int segmentsPerRow = -1;
+  int trackerHeight = 0;  // of DAFT, permille of the bars' full height, 0: 250
 
   Pdf417Options pdf417;
   MaxiOptions maxi;
