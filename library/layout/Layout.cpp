@@ -5,6 +5,7 @@
 #include "library/layout/Fields.h"
 #include "library/layout/Hexagons.h"
 #include "library/layout/Placement.h"
+#include "library/layout/RoundDots.h"
 #include "library/layout/TextLayout.h"
 
 #include <algorithm>
@@ -91,6 +92,8 @@ Drawing LayOut(const Symbol& symbol, const Options& options, const BCRect& recta
   };
   if (symbol.geometry == Geometry::kHexagonal) {
     DrawHexagons(symbol, options, m, placement, drawing);
+  } else if (symbol.geometry == Geometry::kDots) {
+    DrawRoundDots(symbol, options, m, placement, drawing);
   } else {
     BarField field = LayOutField(symbol, options, m, placement);
     add(LayOutBars(symbol, options, m));

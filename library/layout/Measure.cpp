@@ -66,7 +66,8 @@ class Sizer {
 
 // Square modules and hexagons: the width settles the height.
 bool HasProportions(Geometry geometry) {
-  return geometry == Geometry::kMatrix || geometry == Geometry::kHexagonal;
+  return geometry == Geometry::kMatrix || geometry == Geometry::kDots ||
+         geometry == Geometry::kHexagonal;
 }
 
 double Sizer::contentHeight(double module) const {

@@ -135,6 +135,13 @@ constexpr Family kDataMatrix = {
     .geometry = G::kMatrix, .eci = true, .takesGs1 = GsDataMatrix, .append = &kDataMatrixAppend};
 constexpr Family kAztec = {
     .geometry = G::kMatrix, .eci = true, .takesGs1 = GsAztec, .append = &kAztecAppend};
+// Dots on every other place of a grid.
+constexpr Family kDotCode = {.geometry = G::kDots, .eci = true, .append = &kDotCodeAppend};
+constexpr Family kCodeOne = {.geometry = G::kMatrix, .eci = true, .append = &kCodeOneAppend};
+constexpr Family kHanXin = {.geometry = G::kMatrix, .eci = true};
+// A health industry message is one symbol's, and no element string.
+constexpr Family kHibcDataMatrix = {.geometry = G::kMatrix, .eci = true};
+constexpr Family kHibcAztec = kHibcDataMatrix;
 constexpr Family kMaxiCode = {.geometry = G::kHexagonal, .eci = true, .append = &kMaxiCodeAppend};
 
 // Postal symbols: short and tall bars, bars in two or four states.

@@ -22,7 +22,7 @@ struct StructuredAppend {
 };
 
 extern const StructuredAppend kPdf417Append, kQrCodeAppend, kDataMatrixAppend, kAztecAppend,
-    kMaxiCodeAppend;
+    kMaxiCodeAppend, kDotCodeAppend, kCodeOneAppend;
 
 // `value` with zeros in front, `length` digits.
 std::string FixedDigits(int value, int length);

@@ -11,6 +11,7 @@ enum class Geometry {
   kLinear,     // one row of bars
   kStacked,    // rows of bars, each with its own height in X
   kMatrix,     // square modules, every row 1 X high
+  kDots,       // round dots in place of square modules
   kFourState,  // rows ascender, tracker, descender
   kHexagonal,  // MaxiCode's 33 rows of hexagons round a bullseye
 };
