@@ -1,0 +1,191 @@
+// Symbols that none of the readers at hand knows, against patterns that BWIPP draws, and HIBC and
+// interpretations in Aztec Code.
+#include "library/layout/Layout.h"
+#include "tests/library/ScanSymbol.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace {
+
+using Library::Options;
+using Library::Symbol;
+
+// A row of text for each row of modules.
+std::vector<std::string> Rows(const Symbol& symbol) {
+  std::vector<std::string> rows;
+  for (const Library::SymbolRow& row : symbol.rows) {
+    std::string& text = rows.emplace_back();
+    bool dark = true;
+    for (const int run : row.runs) {
+      text.append(static_cast<std::size_t>(run), dark ? '#' : '.');
+      dark = !dark;
+    }
+  }
+  return rows;
+}
+
+}  // namespace
+
+TEST(OtherSymbols, AreDrawnAsOthersDrawThem) {
+  const struct {
+    int type;
+    const char* data;
+    std::vector<std::string> rows;
+  } cases[] = {
+      {24,
+       "CODE 49",
+       {
+           "######################################################################",
+           "#.#..#...#.##.....#.##..##....#...#..##..##..#....####.#####.#..#.####",
+           "######################################################################",
+           "#.##..####..#.###.##..##...#....#.#...##...##...#.#..#####..#...#.####",
+           "######################################################################",
+       }},
+      {115,
+       "DOT 115",
+       {
+           "#.........#...#.#....",
+           ".#...#.#.#.#.......#.",
+           "#.#...#.#.......#.#..",
+           ".#.#.#.#.....#.#.#...",
+           "..#.#.....#...#.#.#.#",
+           ".#.#.....#.#.#.#...#.",
+           "#.#...#.#.#.#.......#",
+           ".#.#...#.....#.......",
+           "......#.#.#.#.#.#.#..",
+           "...#.#.#...#...#...#.",
+           "....#.............#..",
+           ".......#...#.#...#.#.",
+           "#.#.#.#.#.....#.#...#",
+           ".#.#.....#.#.#...#...",
+       }},
+      {128,
+       "125",
+       {
+           "####.#.##.#",
+           "###########",
+           "##.......##",
+           "##.#####.##",
+           ".#.#...#.#.",
+           ".#.#.#.#.#.",
+           ".#.#...#.##",
+           ".#.#####.##",
+           "##.......#.",
+           ".##########",
+           "..####.#...",
+       }},
+      {141,
+       "123456",
+       {
+           "#...###.#.#.###...",
+           "###.#..#..#.#....#",
+           "#...#.#...#...#...",
+           "...##....#...#...#",
+           "#...#.#....#.....#",
+           "....#.......#.....",
+           "##################",
+           "..................",
+           ".################.",
+           ".#..............#.",
+           ".################.",
+           "...#...#.#..#..##.",
+           ".#.#......###.#.#.",
+           ".##..#####.##.####",
+           ".###....##..#...##",
+           "..#.##..##..##..#.",
+       }},
+  };
+  for (const auto& row : cases) {
+    EXPECT_EQ(Rows(Library::Encode(OptionsFor(row.type, row.data))), row.rows) << row.type;
+  }
+}
+
+TEST(OtherSymbols, RefuseWhatTheyCannotHoldAndNameTheCharacter) {
+  const struct {
+    int type;
+    std::string data;
+    int eci;
+    Refusal refusal;
+  } cases[] = {
+      {24, std::string(82, '1'), 0, {BC_E_DATATOOLONG, -1}},
+      {24, std::string(50, 'A'), 0, {BC_E_DATATOOLONG, -1}},
+      {24, "caf\xE9", 0, {BC_E_INVALIDDATA, 3}},
+      {24, "(1]2345", 0, {BC_E_NOTSUPPORTED, -1}},  // a shifted digit in front of digits
+      {24, "(1]234", 0, {}},
+      {24, "A", 26, {BC_E_NOTSUPPORTED, -1}},
+      {115, std::string(1001, '1'), 0, {BC_E_DATATOOLONG, -1}},
+      {115, "A", 811800, {BC_E_INVALIDARG, -1}},
+      {116, std::string(7828, '1'), 0, {BC_E_DATATOOLONG, -1}},
+      {116, std::string(3300, '\x80'), 0, {BC_E_DATATOOLONG, -1}},
+      {141, "a\x80", 0, {BC_E_INVALIDDATA, 1}},
+      // Digits that are packed, and not left again in front of the padding.
+      {141, "683080117010787727337257", 0, {BC_E_NOTSUPPORTED, -1}},
+      {141, "6830801170107877273", 0, {}},
+      {128, "12A", 0, {BC_E_INVALIDDATA, 2}},
+      {128, "256", 0, {BC_E_INVALIDDATA, 0}},
+      {128, "0255", 0, {BC_E_DATATOOLONG, -1}},
+      {112, "A!", 0, {BC_E_INVALIDDATA, 1}},
+      {142, "A", 0, {BC_E_NOTSUPPORTED, -1}},
+      {144, "A", 0, {BC_E_NOTSUPPORTED, -1}},
+  };
+  for (const auto& row : cases) {
+    Options options = OptionsFor(row.type, row.data);
+    options.eci = row.eci;
+    EXPECT_EQ(RefusalOf(options), row.refusal) << row.type << " " << row.data;
+  }
+}
+
+TEST(OtherSymbols, TakeAnInterpretationInFront) {
+  for (const int type : {115, 116, 141}) {
+    Options options = OptionsFor(type, "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789");
+    const Symbol plain = Library::Encode(options);
+    options.eci = 26;
+    const Symbol interpreted = Library::Encode(options);
+    EXPECT_NE(Rows(plain), Rows(interpreted)) << type;
+  }
+}
+
+TEST(OtherSymbols, OfAztecCarryHibcAndInterpretations) {
+  const Symbol hibc = Library::Encode(OptionsFor(112, "A123BJC5D6E71"));
+  EXPECT_EQ(Scan(hibc).bytes, "+A123BJC5D6E71G");
+  EXPECT_EQ(hibc.checkDigits, "G");
+  EXPECT_EQ(hibc.texts.at(0).text, "*+A123BJC5D6E71G*");
+  EXPECT_EQ(Scan(Library::Encode(OptionsFor(113, "+/EO5232013"))).bytes, "+/EO5232013");
+  EXPECT_EQ(Rows(Library::Encode(OptionsFor(128, "125"))).size(), 11u);
+
+  for (const int eci : {3, 26, 899, 16383, 811799}) {
+    Options options = OptionsFor(92,
+                                 "Gr\xC3\xBC\xC3\x9F"
+                                 "e");
+    options.eci = eci;
+    const Scanned scanned = Scan(Library::Encode(options));
+    EXPECT_EQ(scanned.bytes, options.data);
+    const std::string digits = std::to_string(1000000 + eci).substr(1);
+    EXPECT_NE(scanned.withEci.find("\\" + digits), std::string::npos) << eci;
+  }
+  Options rune = OptionsFor(92, "25");
+  rune.aztec.runes = true;
+  rune.eci = 26;
+  EXPECT_EQ(RefusalOf(rune).code, BC_E_NOTSUPPORTED);
+}
+
+TEST(DotCode, IsDrawnAsDotsThatDoNotTouch) {
+  const Symbol symbol = Library::Encode(OptionsFor(115, "DotCode test 123"));
+  Options options;
+  options.moduleWidth = 500;
+  const Library::Drawing drawing = Library::LayOut(symbol, options, {0, 20000, 20000, 0});
+  std::size_t dark = 0;
+  for (const std::string& row : Rows(symbol)) {
+    dark += static_cast<std::size_t>(std::count(row.begin(), row.end(), '#'));
+  }
+  EXPECT_TRUE(drawing.rectangles.empty());
+  ASSERT_EQ(drawing.rings.size(), dark);
+  for (const Library::Ring& dot : drawing.rings) {
+    EXPECT_EQ(dot.innerRadius, 0);
+    EXPECT_EQ(dot.outerRadius, 200);
+    EXPECT_GE(dot.centre.x - dot.outerRadius, drawing.box.left);
+    EXPECT_LE(dot.centre.y + dot.outerRadius, drawing.box.top);
+  }
+}
