@@ -1,5 +1,5 @@
 // Reed-Solomon check words over the fields of Aztec symbols (ISO/IEC 24778): GF(16) of the mode
-// message, GF(64) to GF(4096) of the words.
+// message, GF(64) to GF(4096) of the words. Data Matrix (ISO/IEC 16022) has the one of 8 bits, too.
 #pragma once
 
 #include <cstdint>

@@ -15,10 +15,6 @@ const Symbology& SymbologyOf(const Options& options) {
   if (symbology->encoder == nullptr) throw Error(BC_E_NOTSUPPORTED);
   if (options.compositeType != 0) CheckComponentType(options);
   if (options.eci != 0 && !symbology->family.eci) throw Error(BC_E_NOTSUPPORTED);
-  constexpr int kFirstEci = 3, kLastEci = 999'999;
-  if (options.eci != 0 && (options.eci < kFirstEci || options.eci > kLastEci)) {
-    throw Error(BC_E_INVALIDARG);
-  }
   return *symbology;
 }
 

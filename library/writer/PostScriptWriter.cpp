@@ -76,7 +76,14 @@ void WriteCircle(const Point& centre, std::int32_t radius, std::string_view arc,
 }
 
 void WriteRings(const std::vector<Ring>& rings, const Point& origin, TextBuilder& out) {
+  constexpr std::size_t kRingsOfAPath = 100;  // old interpreters hold 1500 points
+  std::size_t count = 0;
   for (const Ring& ring : rings) {
+    if (count++ == kRingsOfAPath) {
+      out << "fill";
+      out.endLine();
+      count = 1;
+    }
     const Point centre = {ring.centre.x - origin.x, ring.centre.y - origin.y};
     WriteCircle(centre, ring.outerRadius, "0 360 arc", out);
     WriteCircle(centre, ring.innerRadius, "360 0 arcn", out);

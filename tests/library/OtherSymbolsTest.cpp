@@ -1,7 +1,9 @@
 // Symbols that none of the readers at hand knows, against patterns that BWIPP draws, and HIBC and
 // interpretations in Aztec Code.
 #include "library/layout/Layout.h"
+#include "library/writer/PostScriptWriter.h"
 #include "tests/library/ScanSymbol.h"
+#include "tests/support/Render.h"
 
 #include <gtest/gtest.h>
 
@@ -187,5 +189,25 @@ TEST(DotCode, IsDrawnAsDotsThatDoNotTouch) {
     EXPECT_EQ(dot.outerRadius, 200);
     EXPECT_GE(dot.centre.x - dot.outerRadius, drawing.box.left);
     EXPECT_LE(dot.centre.y + dot.outerRadius, drawing.box.top);
+  }
+
+  constexpr int kDpi = 300;
+  const Support::Rendering rendering =
+      Support::Render(Library::PostScriptWriter(true).write(drawing), kDpi);
+  ASSERT_EQ(rendering.pages.size(), 1u) << rendering.messages;
+  const Support::Page& page = rendering.pages[0];
+  const auto isInk = [&](double x, double y) {  // 1/1000 mm from the upper left corner of the box
+    const double pixels = kDpi / 25400.0;
+    const auto column = static_cast<std::size_t>((drawing.box.left + x) * pixels);
+    const auto row = static_cast<std::size_t>(page.height - (drawing.box.top - y) * pixels);
+    return page.gray[row * static_cast<std::size_t>(page.width) + column] == 0;
+  };
+  const std::vector<std::string> rows = Rows(symbol);
+  for (std::size_t row = 0; row < rows.size(); ++row) {
+    for (std::size_t column = 0; column < rows[row].size(); ++column) {
+      const double x = static_cast<double>(column) * 500, y = static_cast<double>(row) * 500;
+      ASSERT_EQ(isInk(x + 250, y + 250), rows[row][column] == '#') << row << ", " << column;
+      ASSERT_FALSE(isInk(x + 3, y + 3));
+    }
   }
 }
