@@ -92,12 +92,14 @@ int JoinComponent(const ZintSymbol& composed, bool ownBars, Symbol& symbol) {
   const int shift = FirstBar(composed.runs(composed->rows - 1)) - FirstBar(symbol.rows.back().runs);
   std::vector<SymbolRow> rows;
   for (int row = 0; row < above; ++row) {
-    rows.push_back({composed.runs(row), composed->row_height[row], true});
+    rows.push_back(
+        {.runs = composed.runs(row), .height = composed->row_height[row], .rigid = true});
   }
   for (SymbolRow& row : symbol.rows) {
     const int place = static_cast<int>(rows.size());
-    rows.push_back({ownBars ? Shifted(std::move(row.runs), shift) : composed.runs(place),
-                    row.height, row.rigid});
+    rows.push_back({.runs = ownBars ? Shifted(std::move(row.runs), shift) : composed.runs(place),
+                    .height = row.height,
+                    .rigid = row.rigid});
   }
   MoveParts(shift, symbol);
   symbol.width = std::max(composed->width, symbol.width + shift);
