@@ -2,6 +2,7 @@
 
 #include "library/layout/Bars.h"
 #include "library/layout/ElementWidths.h"
+#include "library/symbology/Symbology.h"
 
 #include <algorithm>
 #include <cmath>
@@ -114,6 +115,12 @@ bool FixedByStandard(Geometry geometry) {
   return geometry == Geometry::kFourState || geometry == Geometry::kHexagonal;
 }
 
+// The rows of a composite share one grid, so that each edge takes the nearest dot.
+bool IsComposite(const Symbol& symbol) {
+  const Symbology* const type = FindSymbology(symbol.type);
+  return type != nullptr && type->family.geometry == Geometry::kLinear && symbol.rows.size() > 1;
+}
+
 }  // namespace
 
 BarField LayOutField(const Symbol& symbol, const Options& options, const Measures& m,
@@ -125,7 +132,7 @@ BarField LayOutField(const Symbol& symbol, const Options& options, const Measure
   field.rotation = placement.quarterTurns();
   field.module = m.module;
   field.columns = (m.right - m.left) / m.module;
-  if (FixedByStandard(symbol.geometry)) return field;
+  if (FixedByStandard(symbol.geometry) || symbol.geometry == Geometry::kDots) return field;
   field.wholeDots = options.optimalResolution && !KnowsDots(options);
   field.mayShrink = !m.text.standsBetweenGuards();
   if (symbol.geometry == Geometry::kMatrix) {
@@ -134,7 +141,7 @@ BarField LayOutField(const Symbol& symbol, const Options& options, const Measure
     return field;
   }
   field.reduction = BarReduction(options, widths.narrowBar(), m.module);
-  builder.fill(field);
+  if (!IsComposite(symbol)) builder.fill(field);
   return field;
 }
 

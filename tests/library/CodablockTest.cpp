@@ -4,6 +4,7 @@
 #include "library/symbology/Codablock.h"
 #include "library/symbology/ZintSymbol.h"
 #include "tests/library/Code128Reader.h"
+#include "tests/library/Coverage.h"
 #include "tests/library/ScanSymbol.h"
 
 #include <gtest/gtest.h>
@@ -107,7 +108,7 @@ TEST(Codablock, HoldsRandomDataInEveryShape) {
     if (run % 3 == 2) options.codablock.rows = 2 + static_cast<int>(random() % 43);
     if (RefusalOf(options) == Refusal{BC_E_DATATOOLONG, -1}) continue;
     const Decoded decoded = Decode(Library::Encode(options));
-    EXPECT_EQ(decoded.data, Wanted(options.data));
+    EXPECT_TRUE(IsSame(options.type, "the tests' reader", decoded.data, Wanted(options.data)));
     ExpectChecks(decoded, Wanted(options.data));
     EXPECT_TRUE(run % 3 != 1 || decoded.columns == options.codablock.columns);
     EXPECT_TRUE(run % 3 != 2 || decoded.rows == options.codablock.rows);
@@ -175,7 +176,8 @@ TEST(Codablock, CarriesHibcMessages) {
   for (const int type : {110, 111}) {
     Options options = OptionsFor(type, "A123BJC5D6E71");
     const Symbol symbol = Library::Encode(options);
-    EXPECT_EQ(Decode(symbol).data, Wanted("+A123BJC5D6E71G"));
+    EXPECT_TRUE(
+        IsSame(symbol.type, "the tests' reader", Decode(symbol).data, Wanted("+A123BJC5D6E71G")));
     EXPECT_EQ(symbol.texts.at(0).text, "*+A123BJC5D6E71G*");
     EXPECT_EQ(symbol.checkDigits, "G");
     options.data = "a123";

@@ -1,6 +1,7 @@
 #include "library/Error.h"
 #include "library/grid/Parts.h"
 #include "library/layout/Measure.h"
+#include "tests/library/Coverage.h"
 #include "tests/library/ScanSymbol.h"
 #include "tests/library/SymbolPage.h"
 
@@ -57,7 +58,8 @@ TEST(Composite, IsDrawnAsBwippDrawsIt) {
   };
   for (const auto& row : cases) {
     const Library::Symbol symbol = Library::Encode(Composite(row.type, row.component, row.data));
-    EXPECT_EQ(DigestOf(symbol), row.digest) << row.type << " " << row.data;
+    EXPECT_TRUE(IsSame(row.type, "BWIPP's modules", DigestOf(symbol), row.digest))
+        << row.type << " " << row.data;
   }
 }
 
@@ -91,7 +93,8 @@ TEST(Composite, LinearPartsAreReadBack) {
     for (const int component : row.components) {
       const std::string data = std::string(row.linear) + "|(10)A-b(21)5";
       const Library::Symbol symbol = Library::Encode(Composite(row.type, component, data));
-      EXPECT_EQ(ReadByZBar(symbol), row.read) << row.type << ", " << component;
+      EXPECT_TRUE(IsSame(symbol.type, "ZBar", ReadByZBar(symbol), row.read))
+          << row.type << ", " << component;
       for (const std::string& modules : ModulesOf(symbol)) {
         EXPECT_EQ(static_cast<int>(modules.size()), symbol.width);
       }

@@ -1,5 +1,6 @@
 #include "library/layout/Measure.h"
 #include "library/prepare/CheckDigits.h"
+#include "tests/library/Coverage.h"
 #include "tests/library/ScanSymbol.h"
 #include "tests/library/SymbolPage.h"
 
@@ -46,7 +47,8 @@ TEST(DataBar, IsDrawnAsBwippDrawsIt) {
   };
   for (const auto& row : cases) {
     const Library::Symbol symbol = Library::Encode(Segments(row.type, row.data, row.segments));
-    EXPECT_EQ(DigestOf(symbol), row.digest) << row.type << " " << row.data;
+    EXPECT_TRUE(IsSame(row.type, "BWIPP's modules", DigestOf(symbol), row.digest))
+        << row.type << " " << row.data;
   }
 }
 
@@ -56,7 +58,7 @@ TEST(DataBar, IsReadBack) {
     for (int i = 0; i < 25; ++i) {
       const std::string gtin = RandomGtin(type, random);
       const Library::Symbol symbol = Library::Encode(OptionsFor(type, gtin));
-      EXPECT_EQ(ReadByZBar(symbol), "01" + gtin) << type;
+      EXPECT_TRUE(IsSame(symbol.type, "ZBar", ReadByZBar(symbol), "01" + gtin)) << type;
       EXPECT_EQ(symbol.texts.at(0).text, "(01)" + gtin);
       EXPECT_EQ(symbol.checkDigits, gtin.substr(13));
     }
@@ -71,7 +73,7 @@ TEST(DataBar, IsReadBack) {
       Library::Options options = OptionsFor(type, data);
       options.translateEscapes = true;
       const Library::Symbol symbol = Library::Encode(options);
-      EXPECT_EQ(Scan(symbol).bytes, read);
+      EXPECT_TRUE(ReadsBack(symbol, read));
       EXPECT_EQ(symbol.texts.at(0).text, read);
     }
   }
@@ -116,7 +118,7 @@ TEST(DataBar, WrongDataAreRefusedAtTheirPlace) {
   Library::Options corrected = OptionsFor(31, "0109501101530004");
   corrected.autoCorrect = 1;
   const Library::Symbol symbol = Library::Encode(corrected);
-  EXPECT_EQ(ReadByZBar(symbol), "0109501101530003");
+  EXPECT_TRUE(IsSame(symbol.type, "ZBar", ReadByZBar(symbol), "0109501101530003"));
   EXPECT_EQ(symbol.texts.at(0).text, "(01)09501101530003");
 }
 

@@ -1,5 +1,6 @@
 // MicroPDF417: drawn as libzint draws what it can, what it cannot by its code words; and the HIBC
 // symbols of the PDF417 family.
+#include "tests/library/Coverage.h"
 #include "tests/library/Pdf417Words.h"
 #include "tests/library/ScanSymbol.h"
 
@@ -58,7 +59,9 @@ TEST(MicroPdf417, DrawsEveryVersionAsLibzintDoes) {
     EXPECT_EQ(RefusalOf(options), (Refusal{BC_E_DATATOOLONG, -1}));
     options.data.pop_back();
     const Symbol symbol = Library::Encode(options);
-    EXPECT_TRUE(RunsOf(symbol) == RunsOf(AsLibzintDraws(options, symbol))) << version;
+    EXPECT_TRUE(
+        IsSame(kMicroPdf417, "libzint", RunsOf(symbol), RunsOf(AsLibzintDraws(options, symbol))))
+        << version;
     const int order = symbol.width * 100 + static_cast<int>(symbol.rows.size());
     EXPECT_GT(order, last);
     last = order;
@@ -257,7 +260,8 @@ TEST(HibcPdf417, HoldsTheMessageThatIsGivenInPartOrWhole) {
       if (row.code != BC_OK) continue;
       const Symbol symbol = Library::Encode(options);
       const int carrier = type < 108 ? kPdf417 : kMicroPdf417;
-      EXPECT_TRUE(RunsOf(symbol) == RunsOf(Library::Encode(OptionsFor(carrier, row.message))));
+      EXPECT_TRUE(IsSame(type, "the carrier's symbol", RunsOf(symbol),
+                         RunsOf(Library::Encode(OptionsFor(carrier, row.message)))));
       EXPECT_EQ(symbol.checkDigits, row.message.substr(row.message.size() - 1));
       const std::string shown = row.message == "+/ " ? "+/_" : row.message;
       EXPECT_EQ(symbol.texts.at(0).text, "*" + shown + "*");

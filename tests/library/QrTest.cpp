@@ -4,6 +4,7 @@
 #include "library/symbology/QrMessage.h"
 #include "library/symbology/QrPenalty.h"
 #include "library/symbology/ZintSymbol.h"
+#include "tests/library/Coverage.h"
 #include "tests/library/ScanSymbol.h"
 
 #include <gtest/gtest.h>
@@ -509,7 +510,7 @@ TEST(RectangularMicroQrCode, HasTheModulesOfLibzintsInEveryVersion) {
       EXPECT_EQ(RefusalOf(options), theirs.empty() ? (Refusal{BC_E_DATATOOLONG, -1}) : Refusal{});
       refused += theirs.empty() ? 1 : 0;
       if (theirs.empty()) continue;
-      EXPECT_EQ(Encoded(options), theirs);
+      EXPECT_TRUE(IsSame(kRectangular, "libzint", Encoded(options), theirs));
     }
   }
   EXPECT_LT(refused, 39 * 16 / 2);

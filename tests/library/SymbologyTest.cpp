@@ -168,8 +168,7 @@ TEST(SymbologyOptions, OfDataMatrixFormatsReachTheReader) {
   for (const auto& [format, envelope] : {std::pair{3, "05"}, {4, "06"}}) {
     options.dataMatrix.format = format;
     const Symbol symbol = Library::Encode(options);
-    EXPECT_TRUE(
-        ReadsBack(symbol, std::string("[)>\x1E") + envelope + "\x1D" + "Data\x1E\x04"));
+    EXPECT_TRUE(ReadsBack(symbol, std::string("[)>\x1E") + envelope + "\x1D" + "Data\x1E\x04"));
     EXPECT_EQ(symbol.width, 12);  // one code word, not nine characters
   }
   options.dataMatrix.format = 5;
