@@ -1,4 +1,6 @@
+#include "library/symbology/Symbology.h"
 #include "tests/library/ScanSymbol.h"
+#include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -48,6 +50,19 @@ TEST(Symbologies, AreReadBackAsWhatTheyAre) {
       EXPECT_EQ(std::accumulate(line.runs.begin(), line.runs.end(), 0), symbol.width);
       EXPECT_EQ(std::count(line.runs.begin() + 1, line.runs.end(), 0), 0);
     }
+  }
+}
+
+TEST(Symbologies, AreListedInTheGuide) {
+  const std::string guide = Support::ReadFile(VEXTORIN_SYMBOLOGIES);
+  for (int type = 0; type < 1000; ++type) {
+    const Library::Symbology* const row = Library::FindSymbology(type);
+    if (row == nullptr) continue;
+    const std::string start =
+        "\n| " + std::to_string(type) + " | " + std::string(row->name) + " | ";
+    const std::size_t place = guide.find(start);
+    ASSERT_NE(place, std::string::npos) << start;
+    EXPECT_EQ(guide.substr(place + start.size(), 13) == "not supported", row->encoder == nullptr);
   }
 }
 
