@@ -4,6 +4,7 @@
 #include "library/bitmap/Formats.h"
 #include "library/grid/GridLayout.h"
 #include "library/layout/Layout.h"
+#include "library/layout/Move.h"
 #include "library/layout/Units.h"
 #include "library/writer/PclWriter.h"
 #include "library/writer/PdfWriter.h"
@@ -74,6 +75,12 @@ bool SameRectangle(const BCRect& a, const BCRect& b) {
   return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
 }
 
+void MoveOnPage(Drawing& drawing, double x, double y) {
+  constexpr double kMost = 1e9;  // as far as a drawing may lie from its page's origin
+  if (std::abs(x) > kMost || std::abs(y) > kMost) Reject();
+  Move(drawing, static_cast<std::int32_t>(x), static_cast<std::int32_t>(y));
+}
+
 // Modules of a bitmap are whole pixels, whatever the switch for that says.
 Bitmap BitmapIn(BCBarcode& barcode, const BCRect& rect) {
   constexpr double kLeastDpi = 50, kMostDpi = 2400;
@@ -81,9 +88,11 @@ Bitmap BitmapIn(BCBarcode& barcode, const BCRect& rect) {
   const auto [least, most] = std::minmax(options.dpiX, options.dpiY);
   if (least < kLeastDpi || most > kMostDpi) Reject();
   options.optimalResolution = options.dpiIsReal = true;
-  const Rectangle window = {std::min(rect.left, rect.right), std::min(rect.top, rect.bottom),
-                            std::max(rect.left, rect.right), std::max(rect.top, rect.bottom)};
-  return Rasterized(DrawingWithWarning(barcode, options, rect), window, options.dpiX, options.dpiY);
+  Drawing drawing = DrawingWithWarning(barcode, options, rect);
+  MoveOnPage(drawing, -static_cast<double>(std::min(rect.left, rect.right)),
+             -static_cast<double>(std::min(rect.top, rect.bottom)));
+  const Box size = SizeOf(rect);
+  return Rasterized(drawing, {size.width, size.height}, options.dpiX, options.dpiY);
 }
 
 // On dots that printers of 300 and 600 dpi share, unless the finer ones are asked for.
@@ -93,8 +102,10 @@ std::string PclIn(BCBarcode& barcode, const BCRect& rect, bool relative) {
   const int dpi = options.dpiX < kFine ? kCoarse : kFine;
   options.dpiX = options.dpiY = dpi;
   options.optimalResolution = options.dpiIsReal = true;
-  return PclWriter(rect, relative, static_cast<PclWriter::Mode>(options.pclMode), dpi)
-      .write(DrawingWithWarning(barcode, options, rect));
+  Drawing drawing = DrawingWithWarning(barcode, options, rect);
+  // The rectangle's y runs downward; the drawing was made in it upward.
+  MoveOnPage(drawing, 0, -(static_cast<double>(rect.top) + rect.bottom));
+  return PclWriter(relative, static_cast<PclWriter::Mode>(options.pclMode), dpi).write(drawing);
 }
 
 std::string Written(BCBarcode& barcode, const BCRect& rect, Language language) {

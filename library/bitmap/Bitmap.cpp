@@ -4,6 +4,7 @@
 #include "library/Limits.h"
 #include "library/bitmap/Canvas.h"
 #include "library/font/Outlines.h"
+#include "library/layout/Dots.h"
 #include "library/layout/Units.h"
 
 #include <algorithm>
@@ -18,50 +19,13 @@ std::uint8_t Level(double component) {
   return static_cast<std::uint8_t>(std::lround(std::clamp(component, 0.0, 1.0) * 255));
 }
 
-Rgb ScreenColor(int mode, const Color& color) {
-  const double* c = color.components;
-  if (mode == 1) return {Level(c[0]), Level(c[0]), Level(c[0])};
-  if (mode != 2) return {Level(c[0]), Level(c[1]), Level(c[2])};
-  const double light = 1 - c[3];
-  return {Level((1 - c[0]) * light), Level((1 - c[1]) * light), Level((1 - c[2]) * light)};
-}
+// From the page to pixels, downward from the upper edge of the picture.
+struct Grid {
+  Canvas::Place place(double x, double y) const { return {x * scaleX, height - y * scaleY}; }
 
-// From the page to pixels, downward from the upper edge of the window.
-class Grid {
- public:
-  Grid(const Rectangle& window, const Point& bars, double dpiX, double dpiY, int heightInPixels)
-      : left(window.left), bottom(window.bottom), anchor(bars), height(heightInPixels) {
-    scaleX = dpiX / kInch;
-    scaleY = dpiY / kInch;
-    anchorX = std::lround((anchor.x - left) * scaleX);
-    anchorY = std::lround((anchor.y - bottom) * scaleY);
-  }
-  int edgeX(std::int32_t x) const {
-    return static_cast<int>(anchorX + std::lround((x - anchor.x) * scaleX));
-  }
-  int edgeY(std::int32_t y) const {
-    return height - static_cast<int>(anchorY + std::lround((y - anchor.y) * scaleY));
-  }
-  Canvas::Place place(double x, double y) const {
-    return {(x - left) * scaleX, height - (y - bottom) * scaleY};
-  }
-
- private:
-  double left, bottom, scaleX, scaleY;
-  Point anchor;
-  long anchorX, anchorY;
+  double scaleX, scaleY;
   int height;
 };
-
-Point LowerLeftOf(const Drawing& drawing) {
-  Point corner = {drawing.box.left, drawing.box.bottom};
-  if (drawing.rectangles.empty()) return corner;
-  corner = {drawing.box.right, drawing.box.top};
-  for (const Rectangle& r : drawing.rectangles) {
-    corner = {std::min(corner.x, r.left), std::min(corner.y, r.bottom)};
-  }
-  return corner;
-}
 
 void DrawRing(const Ring& ring, const Grid& grid, Canvas& canvas) {
   const auto circle = [&](double radius, int direction) {
@@ -108,7 +72,7 @@ void DrawText(const TextRun& run, const Grid& grid, Canvas& canvas) {
   canvas.fill();
 }
 
-int Pixels(std::int32_t length, double dpi) {
+int Pixels(double length, double dpi) {
   const double pixels = std::round(length * dpi / kInch);
   if (pixels > kMaxBitmapSide) throw Error(BC_E_DATATOOLONG);
   return std::max(static_cast<int>(pixels), 1);
@@ -116,10 +80,18 @@ int Pixels(std::int32_t length, double dpi) {
 
 }  // namespace
 
-Bitmap Rasterized(const Drawing& drawing, const Rectangle& window, double dpiX, double dpiY) {
+Rgb ScreenColor(int mode, const Color& color) {
+  const double* c = color.components;
+  if (mode == 1) return {Level(c[0]), Level(c[0]), Level(c[0])};
+  if (mode != 2) return {Level(c[0]), Level(c[1]), Level(c[2])};
+  const double light = 1 - c[3];
+  return {Level((1 - c[0]) * light), Level((1 - c[1]) * light), Level((1 - c[2]) * light)};
+}
+
+Bitmap Rasterized(const Drawing& drawing, const Size& size, double dpiX, double dpiY) {
   Bitmap bitmap;
-  bitmap.width = Pixels(window.width(), dpiX);
-  bitmap.height = Pixels(window.height(), dpiY);
+  bitmap.width = Pixels(size.width, dpiX);
+  bitmap.height = Pixels(size.height, dpiY);
   bitmap.dpiX = dpiX;
   bitmap.dpiY = dpiY;
   const auto width = static_cast<std::size_t>(bitmap.width),
@@ -130,12 +102,10 @@ Bitmap Rasterized(const Drawing& drawing, const Rectangle& window, double dpiX, 
   bitmap.ink = ScreenColor(drawing.colorMode, drawing.barColor);
   bitmap.opaque = drawing.opaqueBackground;
 
-  const Grid grid(window, LowerLeftOf(drawing), dpiX, dpiY, bitmap.height);
+  const Grid grid = {dpiX / kInch, dpiY / kInch, bitmap.height};
   Canvas canvas(bitmap);
-  for (const Rectangle& r : drawing.rectangles) {
-    const int left = grid.edgeX(r.left), top = grid.edgeY(r.top);
-    canvas.fillRectangle(left, top, std::max(grid.edgeX(r.right), left + 1),
-                         std::max(grid.edgeY(r.bottom), top + 1));
+  for (const Rectangle& r : RectanglesOnDots(drawing, dpiX, dpiY)) {
+    canvas.fillRectangle(r.left, bitmap.height - r.top, r.right, bitmap.height - r.bottom);
   }
   for (const Polygon& polygon : drawing.polygons) {
     std::vector<Canvas::Place> corners;

@@ -27,10 +27,16 @@ struct Bitmap {
   bool isInk(int x, int y) const { return (row(y)[x >> 3] >> (7 - (x & 7)) & 1) != 0; }
 };
 
-// The part of the page inside `window` (1/1000 mm) at that resolution. Bars begin on the pixel
-// nearest to their lower left corner, and from there every edge takes the nearest one, so equal
-// modules of whole pixels stay equal; nothing is blurred. Text is drawn by the machine's fonts.
-// Throws Error with BC_E_DATATOOLONG for more pixels than a print queue should wait for.
-Bitmap Rasterized(const Drawing& drawing, const Rectangle& window, double dpiX, double dpiY);
+// What a screen shows of a colour of that mode.
+Rgb ScreenColor(int mode, const Color& color);
+
+struct Size {
+  double width, height;  // 1/1000 mm
+};
+
+// The part of the page from its lower left corner on at that resolution. Bars stand on pixels by
+// the rule of layout/Dots.h; nothing is blurred. Text is drawn by the machine's fonts. Throws Error
+// with BC_E_DATATOOLONG for more pixels than a print queue should wait for.
+Bitmap Rasterized(const Drawing& drawing, const Size& size, double dpiX, double dpiY);
 
 }  // namespace Library

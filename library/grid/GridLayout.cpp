@@ -2,6 +2,7 @@
 
 #include "library/Error.h"
 #include "library/layout/Layout.h"
+#include "library/layout/Move.h"
 #include "library/layout/Placement.h"
 #include "library/layout/Units.h"
 
@@ -12,21 +13,6 @@
 
 namespace Library {
 namespace {
-
-void Move(Drawing& drawing, std::int32_t x, std::int32_t y) {
-  const auto move = [x, y](Point& p) { p = {p.x + x, p.y + y}; };
-  const auto moveRectangle = [x, y](Rectangle& r) {
-    r = {r.left + x, r.bottom + y, r.right + x, r.top + y};
-  };
-  moveRectangle(drawing.box);
-  std::for_each(drawing.rectangles.begin(), drawing.rectangles.end(), moveRectangle);
-  for (Polygon& polygon : drawing.polygons) {
-    std::for_each(polygon.points.begin(), polygon.points.end(), move);
-  }
-  for (Ring& ring : drawing.rings) move(ring.centre);
-  for (BarField& field : drawing.fields) move(field.origin);
-  for (TextRun& text : drawing.texts) move(text.anchor);
-}
 
 template <class Shape>
 void AppendTo(std::vector<Shape>& shapes, std::vector<Shape>& added) {

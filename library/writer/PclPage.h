@@ -15,13 +15,12 @@ struct PclPage {
     int left, top, width, height;  // at least one dot each way
   };
 
-  // `rect` as the caller gave it, whose y runs downward: the drawing was made in it upward. `dpi`:
-  // 300 or 600. Every edge of the drawing takes the dot of the page that is nearest to it.
-  PclPage(const Drawing& drawing, const BCRect& rect, int dpi);
+  // The drawing's y runs upward from the upper edge of the page. `dpi`: 300 or 600.
+  PclPage(const Drawing& drawing, int dpi);
 
   // From the corner of the box.
   Place place(const Point& p) const;
-  // Polygons and rings as runs of dots in rows.
+  // Polygons and rings as runs of dots in rows; runs below each other that are alike are one area.
   static std::vector<Area> DotRows(const Drawing& drawing, int dpi);
 
   Place origin;  // the corner of the box, from where the rectangle's coordinates begin
@@ -32,7 +31,6 @@ struct PclPage {
   Place onPage(const Point& p) const;
 
   double scale;  // dots in 1/1000 mm
-  double sum;    // of the rectangle's top and bottom
 };
 
 }  // namespace Library

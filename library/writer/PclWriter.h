@@ -1,9 +1,8 @@
 // PCL 5. With HP-GL/2 bars, polygons and text are HP-GL/2; without, PCL's rectangles and fonts.
 //
-// Cursor moves and sizes are decipoints (1/720 inch) with one decimal, which are the printer's own
-// internal units, so the unit of measure stays as it is. The cursor is where it was afterwards; so
-// are font, palette and orientation, but that without HP-GL/2 text is shown in the secondary font,
-// and the primary one is in force then. HP-GL/2 is left with its default values.
+// The cursor is where it was afterwards; so are font, unit of measure, palette and orientation, but
+// that without HP-GL/2 text is shown in the secondary font, and the primary one is in force then.
+// HP-GL/2 is left with its default values. docs/languages.md has the list.
 //
 // Edges are whole dots at 300 dpi, and so at 600, or at 600 dpi where the drawing was made for it.
 #pragma once
@@ -16,14 +15,13 @@ class PclWriter : public Writer {
  public:
   enum class Mode { kHpGl2 = 0, kPclOnly = 1 };
 
-  // `rect` as the caller gave it, whose y runs downward: the drawing was made in it upward.
   // Relative: from the cursor, else from the origin of the logical page.
-  PclWriter(const BCRect& rect, bool relative, Mode mode, int dpi)
-      : rectangle(rect), fromCursor(relative), language(mode), resolution(dpi) {}
+  PclWriter(bool relative, Mode mode, int dpi)
+      : fromCursor(relative), language(mode), resolution(dpi) {}
+  // The drawing's y runs upward from the upper edge of the page, or from the cursor.
   std::string write(const Drawing& drawing) const override;
 
  private:
-  BCRect rectangle;
   bool fromCursor;
   Mode language;
   int resolution;
