@@ -15,10 +15,6 @@ namespace {
 using Place = PclPage::Place;
 using Area = PclPage::Area;
 
-bool IsBlack(const Rgb& color) {
-  return color.red == 0 && color.green == 0 && color.blue == 0;
-}
-
 // ".95", "3.9"
 std::string Real(double number) {
   std::string text = TextBuilder::decimal(number);
@@ -28,8 +24,9 @@ std::string Real(double number) {
 }
 
 // What bars are short of their far edges, in dots: interpreters paint every dot that an area
-// touches, or those whose centre lies inside, and so both paint the same.
-constexpr double kShort = 0.1, kLeastShort = 0.08, kMostShort = 0.25;
+// touches, or those whose centre lies inside, and so both paint the same. Little, for the cursor
+// from which places count may be between dots.
+constexpr double kShort = 0.1, kLeastShort = 0.08, kMostShort = 0.16;
 
 // Dots to the unit in each direction.
 struct Unit {
@@ -57,6 +54,11 @@ Unit UnitOf(const Drawing& drawing, const PclPage& page) {
           CommonUnit(page.bars, &Area::top, &Area::height)};
 }
 
+bool HasTextPen(const Drawing& drawing) {
+  return !drawing.texts.empty() &&
+         !std::ranges::equal(drawing.fontColor.components, drawing.barColor.components);
+}
+
 class HpGl2 {
  public:
   HpGl2(Pcl& target, const Unit& unitInDots, int dpi) : pcl(target), unit(unitInDots) {
@@ -72,15 +74,17 @@ class HpGl2 {
   }
   void leave() { pcl.command("%0A"); }
 
-  // What a job's own HP-GL/2 left must not turn, cut or scale the bars.
-  void setUp() { pcl.plain("DFROIPSP1" + scale); }
-  // With pens whose colours can be set: 1 for bars, 2 for text.
-  void setUp(const Rgb& bars, const Rgb& text) {
+  // What a job's own HP-GL/2 left must not turn, cut or scale the bars, and its palette must not
+  // colour them: pens are those of a new palette, 1 for bars, 2 for text.
+  void setUp(const Drawing& drawing) {
     pcl.plain("IN");
     leave();
     enter();
-    pcl.plain(PenColor(1, bars) + PenColor(2, text) + "SP1" + scale);
+    setPen(1, drawing.colorMode, drawing.barColor);
+    if (HasTextPen(drawing)) setPen(2, drawing.colorMode, drawing.fontColor);
+    pcl.plain("SP1" + scale);
   }
+  void chooseTextPen() { pcl.plain("SP2"); }
 
   void stepTo(const Place& to) {
     pcl.plain(step(to));
@@ -124,9 +128,12 @@ class HpGl2 {
   }
 
  private:
-  static std::string PenColor(int pen, const Rgb& color) {
-    return "PC" + std::to_string(pen) + "," + std::to_string(color.red) + "," +
-           std::to_string(color.green) + "," + std::to_string(color.blue);
+  // Pen 1 is black unless it is set.
+  void setPen(int number, int colorMode, const Color& color) {
+    const Rgb rgb = ScreenColor(colorMode, color);
+    if (number == 1 && rgb.red == 0 && rgb.green == 0 && rgb.blue == 0) return;
+    pcl.plain("PC" + std::to_string(number) + "," + std::to_string(rgb.red) + "," +
+              std::to_string(rgb.green) + "," + std::to_string(rgb.blue));
   }
   // The lower left one, from where both sizes are positive.
   static Place cornerOf(const Area& area) { return {area.left, area.top + area.height}; }
@@ -174,27 +181,24 @@ void WriteShapes(const Drawing& drawing, const PclPage& page, HpGl2& plotter) {
 }  // namespace
 
 void WriteHpGl2(const Drawing& drawing, const PclPage& page, int dpi, Pcl& pcl) {
-  const Rgb bars = ScreenColor(drawing.colorMode, drawing.barColor);
-  const Rgb text = ScreenColor(drawing.colorMode, drawing.fontColor);
-  const bool colored = !IsBlack(bars) || (!drawing.texts.empty() && !IsBlack(text));
   HpGl2 plotter(pcl, UnitOf(drawing, page), dpi);
-  if (colored) pcl.command("*p0P");
+  pcl.command("*p0P");
   plotter.enter();
-  colored ? plotter.setUp(bars, text) : plotter.setUp();
+  plotter.setUp(drawing);
   WriteShapes(drawing, page, plotter);
-  bool fresh = false;
+  bool penChosen = !HasTextPen(drawing);
   for (const TextRun& run : drawing.texts) {
     for (const PclTextPiece& piece : PclPiecesOf(run)) {
       plotter.leave();
       plotter.enter();
-      if (colored && !fresh) pcl.plain("SP2");
-      fresh = true;
+      if (!penChosen) plotter.chooseTextPen();
+      penChosen = true;
       plotter.label(run, piece.text, page.place(piece.anchor));
     }
   }
   pcl.plain("DF");
   plotter.leave();
-  if (colored) pcl.command("*p1P");
+  pcl.command("*p1P");
 }
 
 }  // namespace Library

@@ -26,10 +26,8 @@ void WriteBackground(const Drawing& drawing, const PclPage& page, Pcl& pcl) {
   pcl.fill({0, 0, page.size.x, page.size.y}, shade > 0 ? Pcl::Fill::kShade : Pcl::Fill::kWhite);
 }
 
+// In black: dots of a shade would break narrow bars.
 void WriteAreas(const Drawing& drawing, const PclPage& page, int dpi, Pcl& pcl) {
-  const int shade = ShadeOf(drawing.colorMode, drawing.barColor);
-  if (shade < 100) pcl.setShade(shade);
-  const Pcl::Fill fill = shade < 100 ? Pcl::Fill::kShade : Pcl::Fill::kBlack;
   std::vector<Area> areas = page.bars;
   const std::vector<Area> rows = PclPage::DotRows(drawing, dpi);
   areas.insert(areas.end(), rows.begin(), rows.end());
@@ -37,7 +35,7 @@ void WriteAreas(const Drawing& drawing, const PclPage& page, int dpi, Pcl& pcl) 
       std::move(areas), [&](const Area& area) { return pcl.cost(area); },
       [&](const Area& area) {
         pcl.stepTo({area.left, area.top});
-        pcl.fill(area, fill);
+        pcl.fill(area, Pcl::Fill::kBlack);
       });
 }
 
