@@ -1,0 +1,18 @@
+# Makes `folders` below the prefix, or below `folders_below`, with those they lie in.
+if(NOT DEFINED folders_below)
+  set(folders_below ${CMAKE_INSTALL_PREFIX})
+endif()
+foreach(folder ${folders})
+  set(missing "")
+  set(path $ENV{DESTDIR}${folders_below}/${folder})
+  while(NOT EXISTS ${path})
+    list(PREPEND missing ${path})
+    cmake_path(GET path PARENT_PATH path)
+  endwhile()
+  foreach(path ${missing})
+    file(MAKE_DIRECTORY ${path})
+    file(CHMOD ${path} PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE
+      WORLD_READ WORLD_EXECUTE)
+  endforeach()
+endforeach()
+unset(folders_below)
