@@ -19,7 +19,8 @@ passed=0 failed=1
 trap 'echo "$passed passed, $failed failed"' EXIT
 
 install_packages "${build_packages[@]}" libgtest-dev libzxing-dev libzbar-dev libcairo2-dev \
-  ghostscript groff enscript a2ps psutils netpbm poppler-utils
+  ghostscript groff enscript a2ps psutils netpbm poppler-utils \
+  cups cups-client cups-filters dpkg-dev procps
 build "$preset" -DVEXTORIN_TESTS=ON
 
 say "Testing"

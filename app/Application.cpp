@@ -1,5 +1,7 @@
 #include "app/Application.h"
 
+#include "app/CheckConfiguration.h"
+#include "app/QueueConfiguration.h"
 #include "app/Run.h"
 #include "app/StandardStreams.h"
 #include "diag/Output.h"
@@ -81,6 +83,8 @@ void ReportFailurePlace() {
 // The exit status when there is nothing to go on with.
 std::optional<int> LoadSettings(int argc, const char* const* argv) {
   int exitCode = kExitBadArguments;
+  std::string& iniFile = g_settings.application.iniFile;
+  iniFile = QueueConfiguration(iniFile);
   switch (g_settings.application.load(argc, argv)) {
     case Diag::kSuccess:
       return std::nullopt;
@@ -141,6 +145,8 @@ int LogExitCode(int exitCode) {
 }
 
 int StartAndRun(int argc, const char* const* argv) {
+  g_settings.trace.setSchedulerReads(RunByScheduler());
+  if (argc == 3 && argv[1] == std::string_view("--check")) return CheckConfiguration(argv[2]);
   if (PrintTextAskedFor(argc, argv)) return AfterPrinting(kExitSuccess);
   if (const auto exitCode = LoadSettings(argc, argv)) return *exitCode;
   if (const auto exitCode = Prepare(argc, argv)) return *exitCode;

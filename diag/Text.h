@@ -47,4 +47,19 @@ std::string Text(const Parts&... parts) {
   return text;
 }
 
+// The same without what a print job, or the command line, brought.
+template <class... Parts>
+std::string TextWithoutForeign(const Parts&... parts) {
+  std::string text;
+  const auto append = [&](const auto& part) {
+    if constexpr (std::is_same_v<std::remove_cvref_t<decltype(part)>, Foreign>) {
+      if (!part.foreign) text += part.text;
+    } else {
+      AppendText(text, part);
+    }
+  };
+  (append(parts), ...);
+  return text;
+}
+
 }  // namespace Diag

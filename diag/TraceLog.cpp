@@ -57,6 +57,7 @@ void WriteOrDrop(int descriptor, std::string_view text) {
 }  // namespace
 
 TraceLog::~TraceLog() {
+  finish();
   closeSinks();
 }
 
@@ -101,7 +102,7 @@ void TraceLog::write(std::string_view message, Level level, Form form) {
   if (form.lineEnd) line += '\n';
 
   const std::string_view untagged = std::string_view(line).substr(row.tag.size());
-  if (stderrOn) WriteToStderr(line);
+  if (stderrOn && !schedulerReads) WriteToStderr(line);
   if (errorFileOn && errorFile) {
     WriteOrDrop(errorFile.get(), untagged);
   }

@@ -5,19 +5,20 @@
 //
 //     name ": " level-word indentation message "\n"
 //
-// and on standard error a tag such as "ERROR: " stands in front of it.
+// and on standard error a tag such as "ERROR: " stands in front of it, unless the print scheduler
+// reads that: see SchedulerLines.h.
 #pragma once
 
 #include "diag/File.h"
+#include "diag/Level.h"
 #include "diag/ResultCode.h"
+#include "diag/SchedulerLines.h"
 #include "diag/Text.h"
 
 #include <string>
 #include <string_view>
 
 namespace Diag {
-
-enum Level : int { kError = 1, kWarning = 2, kInformation = 3, kDebug = 4 };
 
 class TraceLog {
  public:
@@ -36,38 +37,35 @@ class TraceLog {
   // A complete line: prefix and line end.
   template <class... Parts>
   void Trace(Level level, const Parts&... parts) {
-    if (enabled(level))
-      write(Text(parts...), level, {.lineEnd = true, .prefix = true, .collected = true});
+    add(level, {.lineEnd = true, .prefix = true, .collected = true}, parts...);
   }
   // The start of a line: prefix, no line end.
   template <class... Parts>
   void TracePart(Level level, const Parts&... parts) {
-    if (enabled(level))
-      write(Text(parts...), level, {.lineEnd = false, .prefix = true, .collected = true});
+    add(level, {.lineEnd = false, .prefix = true, .collected = true}, parts...);
   }
   // The rest of a line: line end, no prefix.
   template <class... Parts>
   void TraceCont(Level level, const Parts&... parts) {
-    if (enabled(level))
-      write(Text(parts...), level, {.lineEnd = true, .prefix = false, .collected = true});
+    add(level, {.lineEnd = true, .prefix = false, .collected = true}, parts...);
   }
   // Text exactly as given.
   template <class... Parts>
   void TraceRaw(Level level, const Parts&... parts) {
-    if (enabled(level))
-      write(Text(parts...), level, {.lineEnd = false, .prefix = false, .collected = true});
+    add(level, {.lineEnd = false, .prefix = false, .collected = true}, parts...);
   }
   // A complete line that says more than the documented ones. It is never collected: what is printed
   // in place of a barcode is documented text.
   template <class... Parts>
   void Note(Level level, const Parts&... parts) {
-    if (enabled(level))
-      write(Text(parts...), level, {.lineEnd = true, .prefix = true, .collected = false});
+    add(level, {.lineEnd = true, .prefix = true, .collected = false}, parts...);
   }
 
   void setSyslogOn(bool on) { syslogOn = on; }
   void setStderrOn(bool on) { stderrOn = on; }
   void setErrorFileOn(bool on) { errorFileOn = on; }
+  // The print scheduler reads standard error, and has messages there in its own form.
+  void setSchedulerReads(bool on) { schedulerReads = on; }
   void setName(std::string_view newName) { name = newName; }
   void setErrorFileName(std::string_view newName) { errorFileName = newName; }
   const std::string& getErrorFileName() const { return errorFileName; }
@@ -81,6 +79,9 @@ class TraceLog {
   std::string getCollectedText() const { return collectedText; }
   void clearCollectedText() { collectedText.clear(); }
 
+  // Writes what is still held back of messages.
+  void finish() { schedulerLines.finish(); }
+
   // Opens the error file and syslog as switched on. Failures are reported on standard error; the
   // program goes on without the failed sink. Success is kSinksOpen, not 0.
   ResultCode openSinks();
@@ -92,9 +93,21 @@ class TraceLog {
     bool prefix;
     bool collected;  // while collection is on
   };
+  template <class... Parts>
+  void add(Level level, Form form, const Parts&... parts) {
+    if (!enabled(level)) return;
+    const std::string message = Text(parts...);
+    if (stderrOn && schedulerReads) {
+      schedulerLines.add(level, name,
+                         {message, TextWithoutForeign(parts...), form.lineEnd, !form.collected});
+    }
+    write(message, level, form);
+  }
   void write(std::string_view message, Level level, Form form);
   ResultCode openErrorFile();
 
+  bool schedulerReads = false;
+  SchedulerLines schedulerLines;
   bool syslogOn = false;
   bool stderrOn = true;
   bool errorFileOn = false;

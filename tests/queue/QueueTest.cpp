@@ -4,9 +4,9 @@
 #include "tests/support/Scheduler.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <set>
-#include <thread>
 
 namespace {
 
@@ -100,9 +100,10 @@ TEST_F(Queue, LeavesPagesToTheScheduler) {
   EXPECT_EQ(printed("-o number-up=2"), "First1 Second2 ");
   EXPECT_EQ(printed("-o page-ranges=2"), "Second2 ");
   EXPECT_EQ(printed("-o landscape"), "First1 |Second2 ");
+  // The banner is a page of its own, and a client's decimal commas stay out of the job.
   EXPECT_EQ(
       printed("-o job-sheets=standard,none", {{"LC_ALL", "de_DE.UTF-8"}, {"LANG", "de_DE.UTF-8"}}),
-      "First1 |Second2 ");
+      "|First1 |Second2 ");
 }
 
 TEST_F(Queue, KeepsApartWhatPrintsAtOnce) {
@@ -131,6 +132,70 @@ TEST_F(Queue, KeepsApartWhatPrintsAtOnce) {
     if (number % 25 == 0) {
       EXPECT_EQ(Read(printed), mark + ' ');
     }
+  }
+}
+
+TEST_F(Queue, TellsWhyABarcodeOrAJobFailed) {
+  const Scheduler scheduler({"filter", "insert=auto", "trace=warning"});
+  const std::string common = "installed/lib/cups/filter/vextorin.conf";
+  scheduler.addQueue("pre");
+  add(scheduler, "pre", "pre");
+  scheduler.addRawQueue("raw");
+  add(scheduler, "raw", "raw");
+  const std::string bad =
+      "%!PS-Adobe-3.0\n%%Page: 1 1\n/Courier findfont 9 scalefont setfont 50 400 moveto "
+      "($_vxrs --barcode=13 --data=40063A133931 --text=hide $_vxre) show showpage\n";
+  EXPECT_NE(scheduler.printed(scheduler.submit("pre", bad)), "");
+  const std::string state = scheduler.run("lpstat -p pre").output;
+  EXPECT_NE(state.find("\tvextorin: page 1: "), std::string::npos) << state;
+  EXPECT_NE(state.find("'A' at position 6\n"), std::string::npos) << state;
+  EXPECT_EQ(state.find("hide"), std::string::npos) << state;
+
+  // A file of the queue's own takes the place of the configuration.
+  const Finished refused = scheduler.tool("add pre --conf " + scheduler.write("x", "width=abc\n"));
+  EXPECT_EQ(refused.status, 1);
+  EXPECT_NE(refused.errors.find(":1: width=abc  WRONG: Invalid barcode width"), std::string::npos);
+  const std::string own = scheduler.write("x", "filter\nremove\n");
+  ASSERT_EQ(scheduler.tool("add pre --conf " + own).status, 0);
+  scheduler.write(common, "filter\nwidth=abc\n");
+  EXPECT_EQ(Read(scheduler.printed(scheduler.submit("pre", Job({"Own1"})))), "Own1 ");
+  ASSERT_EQ(scheduler.tool("remove pre").status, 0);
+  ASSERT_EQ(scheduler.tool("add pre").status, 0);
+  EXPECT_EQ(scheduler.outcome(scheduler.submit("pre", bad)), "stopped");
+  const std::string job = scheduler.submit("raw", bad);
+  EXPECT_EQ(scheduler.outcome(job), "held");
+  for (const char* queue : {"pre", "raw"}) {
+    const std::string failed = scheduler.run(std::string("lpstat -p ") + queue).output;
+    EXPECT_NE(failed.find("vextorin: Wrong configuration in line 2 of "), std::string::npos)
+        << failed;
+  }
+  scheduler.write(common, "filter\n");
+  ASSERT_EQ(scheduler.run("lp -i " + job + " -H resume").status, 0);
+  EXPECT_NE(scheduler.printed(job), "");
+}
+
+TEST_F(Queue, ACancelledJobLeavesNothing) {
+  const Scheduler scheduler;
+  const auto processes = [&] {
+    return scheduler.run("pgrep -f " + scheduler.programs() + "/(filter|backend)/").output;
+  };
+  scheduler.addQueue("pre");
+  scheduler.addRawQueue("raw");
+  // The device takes nothing.
+  scheduler.write("installed/lib/cups/backend/capture", "#!/bin/bash\n[ $# = 0 ] || sleep 60\n");
+  std::string pages = "%!PS-Adobe-3.0\n";
+  while (pages.size() < 4'000'000) pages += "%%Page: 1 1\n(text) pop showpage\n";
+  for (const std::string mode : {"pre", "raw"}) {
+    SCOPED_TRACE(mode);
+    add(scheduler, mode, mode);
+    const std::string job = scheduler.submit(mode, pages);
+    for (int tries = 0; tries < 500 && processes().empty(); ++tries) usleep(20'000);
+    usleep(300'000);
+    EXPECT_NE(processes(), "");
+    EXPECT_EQ(scheduler.run("cancel " + job).status, 0);
+    for (int tries = 0; tries < 500 && !processes().empty(); ++tries) usleep(20'000);
+    EXPECT_EQ(processes(), "");
+    EXPECT_EQ(scheduler.run("find " + scheduler.file("spool/tmp") + " -type f").output, "");
   }
 }
 

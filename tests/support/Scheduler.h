@@ -42,6 +42,10 @@ class Scheduler {
   std::string ppd(const std::string& queue) const;  // the file's name
   std::string programs() const;  // the folder with the scheduler's `filter` and `backend`
   std::string file(std::string_view name) const { return folder.file(name); }
+  // Writes a file below its folder and returns the full name.
+  std::string write(std::string_view name, std::string_view bytes) const {
+    return folder.write(name, bytes);
+  }
   std::string log() const;
 
  private:

@@ -1,0 +1,46 @@
+// Messages as the print scheduler wants them: each a whole line behind the word of its level, and
+// of an error one line that says why, as that is all that users see of it:
+//
+//     DEBUG: vextorin: Couldn't create barcode. Please check barcode settings.
+//     DEBUG: vextorin: Error code: 0x8007000d - Error Message: Invalid data ...
+//     ERROR: vextorin: page 3: Invalid data ...
+//
+// The lines of an error are there for the scheduler's log, which shows those of failed jobs.
+#pragma once
+
+#include "diag/Level.h"
+
+#include <string>
+#include <string_view>
+
+namespace Diag {
+
+class SchedulerLines {
+ public:
+  // A piece of a message.
+  struct Piece {
+    std::string_view text;
+    std::string_view withoutJob;  // without what it quotes of a print job
+    bool lineEnd;
+    bool note;  // says where the error happened that the lines before are about
+  };
+  void add(Level level, std::string_view name, const Piece& piece);
+  // Reports the error that no line was written of yet.
+  void finish();
+
+ private:
+  struct Line {
+    std::string text, withoutJob;
+    bool empty() const { return text.empty(); }
+  };
+  void endLine(Level level, bool note);
+  void takeError();
+  void report(std::string_view text);
+
+  std::string name;
+  Line line;    // not ended yet
+  Line reason;  // of the error at hand
+  bool reasonIsLibrarys = false;
+};
+
+}  // namespace Diag

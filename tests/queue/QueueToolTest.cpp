@@ -1,0 +1,174 @@
+// vextorin-queue: what it changes and takes back, what it refuses, what it finds.
+#include "tests/support/Decode.h"
+#include "tests/support/Scheduler.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+
+namespace {
+
+using namespace Support;
+namespace fs = std::filesystem;
+
+class QueueTool : public testing::Test {
+ protected:
+  void SetUp() override {
+    const std::string obstacle = Scheduler::obstacle();
+    if (!obstacle.empty()) GTEST_SKIP() << "No scheduler can be started: " << obstacle;
+  }
+};
+
+bool Holds(const std::string& text, const std::string& part) {
+  return text.find(part) != std::string::npos;
+}
+
+// The only line of errors of a command that fails.
+std::string Refusal(const Finished& finished) {
+  EXPECT_EQ(finished.status, 1) << finished.output;
+  const Lines lines = Split(finished.errors);
+  EXPECT_EQ(lines.size(), 1u) << finished.errors;
+  return lines.empty() ? "" : lines[0];
+}
+
+TEST_F(QueueTool, TakesBackWhatItChanged) {
+  const Scheduler scheduler;
+  scheduler.addQueue("q");
+  scheduler.addRawQueue("r");
+  ASSERT_EQ(scheduler.run("lpadmin -p q -o PageSize=Letter").status, 0);
+  const std::string before = ReadFile(scheduler.ppd("q"));
+  const std::string device = scheduler.run("lpstat -v r").output;
+  for (const char* mode : {"pre", "psboth", "pcl", "any"}) {
+    SCOPED_TRACE(mode);
+    const Finished added = scheduler.tool(std::string("add q --mode ") + mode);
+    ASSERT_EQ(added.status, 0) << added.errors;
+    const std::string after = ReadFile(scheduler.ppd("q"));
+    EXPECT_TRUE(Holds(after, "*DefaultPageSize: Letter"));
+    EXPECT_TRUE(Holds(after, "*NickName: \"A printer, vextorin\""));
+    EXPECT_EQ(Split(scheduler.tool("list").output).size(), 1u);
+    EXPECT_TRUE(Holds(scheduler.tool("list").output, mode));
+    EXPECT_EQ(fs::exists(scheduler.file("root/vextorin.types")),
+              mode == std::string("pcl") || mode == std::string("any"));
+    const Finished checked = scheduler.tool("check");
+    EXPECT_EQ(checked.status, 0) << checked.output << checked.errors;
+    ASSERT_EQ(scheduler.tool("remove q").status, 0);
+    EXPECT_EQ(ReadFile(scheduler.ppd("q")), before);
+    EXPECT_FALSE(fs::exists(scheduler.file("root/vextorin.types")));
+    EXPECT_FALSE(fs::exists(scheduler.file("root/vextorin")));
+  }
+  // A change of the administrator's in between stays.
+  ASSERT_EQ(scheduler.tool("add q").status, 0);
+  ASSERT_EQ(scheduler.tool("add q --mode pcl").status, 0);
+  ASSERT_EQ(scheduler.tool("add r --mode raw").status, 0);
+  EXPECT_TRUE(Holds(scheduler.run("lpstat -v r").output, ": vextorin:capture:"));
+  ASSERT_EQ(scheduler.run("lpadmin -p q -o PageSize=A5").status, 0);
+  ASSERT_EQ(scheduler.tool("remove --all").status, 0);
+  const std::string removed = ReadFile(scheduler.ppd("q"));
+  EXPECT_TRUE(Holds(removed, "*DefaultPageSize: A5"));
+  EXPECT_FALSE(Holds(removed, "vextorin"));
+  EXPECT_EQ(Split(removed).size(), Split(before).size());
+  EXPECT_EQ(scheduler.run("lpstat -v r").output, device);
+}
+
+TEST_F(QueueTool, RefusesInASentenceAndChangesNothing) {
+  const Scheduler scheduler;
+  scheduler.addQueue("q");
+  scheduler.addRawQueue("r");
+  ASSERT_EQ(scheduler.run("lpadmin -p r -c class").status, 0);
+  const std::string before = ReadFile(scheduler.ppd("q"));
+  EXPECT_TRUE(Holds(Refusal(scheduler.tool("add nope")), "there is no queue 'nope'"));
+  EXPECT_TRUE(Holds(Refusal(scheduler.tool("add ../q")), "'../q' is no name of a queue"));
+  EXPECT_TRUE(Holds(Refusal(scheduler.tool("add q --mode foo")), "the mode is pre, psboth"));
+  EXPECT_TRUE(Holds(Refusal(scheduler.tool("add r")), "--mode raw"));
+  EXPECT_TRUE(Holds(Refusal(scheduler.tool("add class")), "is a class"));
+  EXPECT_TRUE(Holds(Refusal(scheduler.tool("remove q")), "vextorin is not in queue 'q'"));
+  EXPECT_TRUE(Holds(Refusal(scheduler.tool("add q --conf /nowhere")), "/nowhere can't be read"));
+  EXPECT_TRUE(Holds(Refusal(scheduler.tool("frobnicate")), "there is no command"));
+  // A driver that would be passed over.
+  scheduler.write("driver.ppd",
+                  before + "*cupsFilter: \"application/vnd.cups-raster 0 rastertopwg\"\n");
+  ASSERT_EQ(
+      scheduler.run("lpadmin -p d -E -v capture:/x -P " + scheduler.file("driver.ppd")).status, 0);
+  EXPECT_TRUE(Holds(Refusal(scheduler.tool("add d --mode psboth")), "use --mode pre"));
+  EXPECT_EQ(scheduler.tool("add d --mode pcl").status, 0);
+  EXPECT_TRUE(Holds(ReadFile(scheduler.ppd("d")),
+                    "*cupsFilter2: \"application/vnd.cups-raster application/vnd.cups-raster 0 "
+                    "rastertopwg\"\n"));
+  ASSERT_EQ(scheduler.tool("remove d").status, 0);
+
+  const std::string filter = scheduler.programs() + "/filter/vextorin";
+  fs::permissions(filter, fs::perms(0775));
+  EXPECT_TRUE(Holds(Refusal(scheduler.tool("add q")), "chmod 0755 " + filter));
+  EXPECT_EQ(ReadFile(scheduler.ppd("q")), before);
+  EXPECT_FALSE(fs::exists(scheduler.file("root/vextorin")));
+  fs::permissions(filter, fs::perms(0755));
+
+  if (geteuid() != 0) return;
+  const std::string asUser = "setpriv --reuid 65534 --regid 65534 --clear-groups -- ";
+  const Finished user =
+      scheduler.run(asUser + scheduler.file("installed/sbin/vextorin-queue") + " add q");
+  EXPECT_TRUE(Holds(Refusal(user), "only an administrator can change queues"));
+}
+
+TEST_F(QueueTool, FindsWhatIsWrongAndSaysWhatRepairsIt) {
+  const Scheduler scheduler({"filter"});
+  scheduler.addQueue("q");
+  scheduler.addRawQueue("r");
+  ASSERT_EQ(scheduler.tool("add q --mode pcl").status, 0);
+  ASSERT_EQ(scheduler.tool("check q").status, 0);
+  const std::string filter = scheduler.programs() + "/filter/vextorin";
+  const std::string conf = scheduler.programs() + "/filter/vextorin.conf";
+  const auto finding = [&](const std::string& queue = "q") {
+    const Finished checked = scheduler.tool("check " + queue);
+    EXPECT_EQ(checked.status, 1);
+    return checked.output;
+  };
+  EXPECT_TRUE(Holds(finding("r"), "repair: vextorin-queue add r --mode raw"));
+
+  fs::permissions(filter, fs::perms(0775));
+  EXPECT_TRUE(Holds(finding(), "repair: chmod 0755 " + filter));
+  fs::permissions(filter, fs::perms(0755));
+
+  scheduler.write("installed/lib/cups/filter/vextorin.conf", "filter\nwidth=abc\n");
+  EXPECT_TRUE(Holds(finding(), "width=abc  WRONG: Invalid barcode width"));
+  scheduler.write("installed/lib/cups/filter/vextorin.conf", "insert=auto\ndata=x\n");
+  EXPECT_TRUE(Holds(finding(), "no line 'filter'"));
+  scheduler.write("installed/lib/cups/filter/vextorin.conf", "filter\n");
+  if (geteuid() == 0) {
+    fs::permissions(conf, fs::perms(0600));
+    EXPECT_TRUE(Holds(finding(), "can't read " + conf));
+    fs::permissions(conf, fs::perms(0644));
+  }
+
+  fs::remove(scheduler.file("root/vextorin.types"));
+  EXPECT_TRUE(Holds(finding(), "PCL jobs are no type of their own"));
+  ASSERT_EQ(scheduler.tool("add q --mode pcl").status, 0);
+  fs::rename(scheduler.programs() + "/lib", scheduler.file("lib"));
+  EXPECT_TRUE(Holds(finding(), "libvextorin9.so.0"));
+  fs::rename(scheduler.file("lib"), scheduler.programs() + "/lib");
+  const Finished checked = scheduler.tool("check q");
+  EXPECT_EQ(checked.status, 0) << checked.output;
+}
+
+TEST_F(QueueTool, PrintsATestPage) {
+  const Scheduler scheduler;
+  scheduler.addQueue("q");
+  ASSERT_EQ(scheduler.tool("add q").status, 0);
+  const std::string capture = scheduler.file("captured.ps");
+  const Finished tested = scheduler.tool("test q --capture " + capture);
+  ASSERT_EQ(tested.status, 0) << tested.errors;
+  const Rendering page = Render(ReadFile(capture), 300);
+  ASSERT_EQ(page.pages.size(), 1u) << page.messages;
+  // Readers look for the others only where nothing else is.
+  const std::string read = Describe(Decode(page.pages[0], 20));
+  for (const char* data : {"VEXTORIN-128", "VEXTORIN39", "4006381333931", "40170725",
+                           "036000291452", "12345670", "VEXTORIN-PDF417", "VEXTORIN-QR"})
+    EXPECT_TRUE(Holds(read, data)) << data << '\n' << read;
+  EXPECT_EQ(Split(ReadFile(capture), "% BEGIN OF BARCODE").size(), 11u);
+  const Finished sent = scheduler.tool("test q");
+  ASSERT_EQ(sent.status, 0) << sent.errors;
+  EXPECT_TRUE(Holds(scheduler.printed("q-1"), "BEGIN OF BARCODE"));
+}
+
+}  // namespace
