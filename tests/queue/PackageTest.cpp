@@ -71,8 +71,8 @@ TEST_F(Packages, AreWiredOutOfQueuesBeforeTheyGo) {
   const std::string documented = system() + "/var/opt/share/vextorin/vextorin.conf";
   EXPECT_EQ(fs::read_symlink(documented), "/etc/vextorin/vextorin.conf");
   EXPECT_EQ(Output({VEXTORIN_PROGRAM, "--check", conf}),
-            conf + ":14: filter\n" + conf + ":18: insert=auto\n" + conf + ":21: jobfiles=deny\n" +
-                conf + ":24: trace=warning\n" + conf + ": no mistakes\n");
+            conf + ":10: filter\n" + conf + ":14: insert=auto\n" + conf + ":17: jobfiles=deny\n" +
+                conf + ":20: trace=warning\n" + conf + ": no mistakes\n");
 
   const std::string filter = system() + "/usr/lib/cups/filter/vextorin";
   EXPECT_EQ(Output({"readelf", "-d", filter}).find("RUNPATH"), std::string::npos);
