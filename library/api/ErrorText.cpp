@@ -15,7 +15,7 @@ constexpr struct {
     {BC_E_DATATOOLONG, "Data too long for this barcode type or size "},
     {BC_E_NOTSUPPORTED, "Not supported for this barcode type or combination of options"},
     {BC_E_BUFFERTOOSMALL, "Output buffer too small"},
-    {BC_E_MODULENOTFOUND, "A library that this barcode needs (libzint or zlib) is missing"},
+    {BC_E_MODULENOTFOUND, "A library that this barcode or its format needs is missing"},
     {BC_E_MUSTFIT, "The barcode does not fit into the given rectangle"},
 };
 

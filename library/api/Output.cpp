@@ -2,6 +2,7 @@
 #include "library/api/CopyText.h"
 #include "library/api/Setters.h"
 #include "library/bitmap/Formats.h"
+#include "library/font/Outlines.h"
 #include "library/grid/GridLayout.h"
 #include "library/layout/Layout.h"
 #include "library/layout/Move.h"
@@ -71,6 +72,13 @@ Drawing DrawingWithWarning(BCBarcode& barcode, const Options& options, const BCR
   return drawing;
 }
 
+// For languages that show text as outlines.
+void WarnOfMissingFont(BCBarcode& barcode, const Drawing& drawing) {
+  if (HasOutlines(drawing)) return;
+  if (!barcode.warning.empty()) barcode.warning += ' ';
+  barcode.warning += "The barcode's text is left out: no font was found on this machine.";
+}
+
 bool SameRectangle(const BCRect& a, const BCRect& b) {
   return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
 }
@@ -91,6 +99,7 @@ Bitmap BitmapIn(BCBarcode& barcode, const BCRect& rect) {
   Drawing drawing = DrawingWithWarning(barcode, options, rect);
   MoveOnPage(drawing, -static_cast<double>(std::min(rect.left, rect.right)),
              -static_cast<double>(std::min(rect.top, rect.bottom)));
+  WarnOfMissingFont(barcode, drawing);
   const Box size = SizeOf(rect);
   return Rasterized(drawing, {size.width, size.height}, options.dpiX, options.dpiY);
 }
@@ -122,8 +131,11 @@ std::string Written(BCBarcode& barcode, const BCRect& rect, Language language) {
     case Language::kPdf:
       return PdfWriter(std::max(rect.left, rect.right), std::max(rect.top, rect.bottom))
           .write(drawing());
-    case Language::kPdfFragment:
-      return PdfFragmentWriter().write(drawing());
+    case Language::kPdfFragment: {
+      const Drawing outlined = drawing();
+      WarnOfMissingFont(barcode, outlined);
+      return PdfFragmentWriter().write(outlined);
+    }
     case Language::kBmp:
       return WriteBmp(BitmapIn(barcode, rect));
     case Language::kGif:

@@ -98,4 +98,10 @@ std::vector<OutlineStep> OutlineOf(const TextRun& run) {
   return std::move(collector.steps);
 }
 
+bool HasOutlines(const Drawing& drawing) {
+  return std::ranges::all_of(drawing.texts, [](const TextRun& run) {
+    return run.text.empty() || OpenFace(run.font) != nullptr;
+  });
+}
+
 }  // namespace Library

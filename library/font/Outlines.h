@@ -22,5 +22,7 @@ struct OutlineStep {
 // stand where the standard font's metrics put them; a font with other widths is narrowed to the
 // room planned, or stands in its middle. Empty where the machine has no font for it.
 std::vector<OutlineStep> OutlineOf(const TextRun& run);
+// Whether there is one for each text.
+bool HasOutlines(const Drawing& drawing);
 
 }  // namespace Library
