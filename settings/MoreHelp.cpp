@@ -30,6 +30,7 @@ constexpr Entry kEntries[] = {
     {"", "Alone on the command line, without a configuration file:"},
     {"--help, -h", "Show the usage text, as the key \"help\" does."},
     {"--version", "Shows the version."},
+    {"--check FILE", "Says what a configuration sets, and what is wrong in it."},
 };
 // clang-format on
 
