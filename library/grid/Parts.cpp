@@ -103,9 +103,7 @@ class Sharer {
 
   bool mayCut(std::size_t begin, std::size_t end) const {
     if (TakesGs1(symbology, settings)) return BeginsElement(message, end);
-    // The encoder puts a zero in front of an odd number of digits.
-    constexpr int kInterleaved2Of5 = 3;
-    if (symbology.type != kInterleaved2Of5) return true;
+    if (!symbology.family.pairs) return true;
     const auto checkDigits = static_cast<std::size_t>(CheckDigitCount(settings));
     return (end - begin + checkDigits) % 2 == 0;
   }

@@ -28,10 +28,6 @@
 namespace Library {
 namespace {
 
-constexpr int kExpandedStacked = 81;
-
-enum Component : int { kAuto = 1, kA, kB, kC };
-
 // Whose the bars of the linear part are, and what libzint is told of it.
 enum class Linear {
   kEanUpc,    // ours; digits that stand for any others
@@ -40,53 +36,34 @@ enum class Linear {
   kExpanded,  // libzint's
 };
 
-struct Form {
-  int type;
-  int zint;
+}  // namespace
+
+struct CompositeForm {
+  int zint;  // libzint's number
   Linear linear;
-  std::string_view text;  // digits that stand for others, or the identifier of the data
+  std::string_view text = "";  // digits that stand for others, or the identifier of the data
+  int leastPairs = 0;          // of segments in the first row, for the component above
 };
 
-constexpr std::string_view kEan8 = "0000000", kEan13 = "000000000000", kUpcA = "00000000000",
-                           kUpcE = "0000000";
+// clang-format off
+const CompositeForm kEan8Composite =                   {BARCODE_EANX_CC,       Linear::kEanUpc, "0000000"};
+const CompositeForm kEan13Composite =                  {BARCODE_EANX_CC,       Linear::kEanUpc, "000000000000"};
+const CompositeForm kUpcAComposite =                   {BARCODE_UPCA_CC,       Linear::kEanUpc, "00000000000"};
+const CompositeForm kUpcEComposite =                   {BARCODE_UPCE_CC,       Linear::kEanUpc, "0000000"};
+const CompositeForm kGs1Code128Composite =             {BARCODE_GS1_128_CC,    Linear::kCode128};
+const CompositeForm kSsccComposite =                   {BARCODE_GS1_128_CC,    Linear::kCode128, "00"};
+const CompositeForm kEan14Composite =                  {BARCODE_GS1_128_CC,    Linear::kCode128, "01"};
+const CompositeForm kDataBarComposite =                {BARCODE_DBAR_OMN_CC,   Linear::kGtin};
+const CompositeForm kLimitedDataBarComposite =         {BARCODE_DBAR_LTD_CC,   Linear::kGtin};
+const CompositeForm kExpandedDataBarComposite =        {BARCODE_DBAR_EXP_CC,   Linear::kExpanded};
+const CompositeForm kStackedDataBarComposite =         {BARCODE_DBAR_STK_CC,   Linear::kGtin};
+const CompositeForm kStackedOmniDataBarComposite =     {BARCODE_DBAR_OMNSTK_CC, Linear::kGtin};
+const CompositeForm kStackedExpandedDataBarComposite = {BARCODE_DBAR_EXPSTK_CC, Linear::kExpanded, "", 2};
+// clang-format on
 
-constexpr Form kForms[] = {
-    {10, BARCODE_EANX_CC, Linear::kEanUpc, kEan8},
-    {11, BARCODE_EANX_CC, Linear::kEanUpc, kEan8},
-    {12, BARCODE_EANX_CC, Linear::kEanUpc, kEan8},
-    {13, BARCODE_EANX_CC, Linear::kEanUpc, kEan13},
-    {14, BARCODE_EANX_CC, Linear::kEanUpc, kEan13},
-    {15, BARCODE_EANX_CC, Linear::kEanUpc, kEan13},
-    {16, BARCODE_GS1_128_CC, Linear::kCode128, ""},
-    {17, BARCODE_UPCA_CC, Linear::kEanUpc, kUpcA},
-    {26, BARCODE_EANX_CC, Linear::kEanUpc, kEan13},
-    {27, BARCODE_EANX_CC, Linear::kEanUpc, kEan13},
-    {29, BARCODE_DBAR_OMN_CC, Linear::kGtin, ""},
-    {30, BARCODE_DBAR_LTD_CC, Linear::kGtin, ""},
-    {31, BARCODE_DBAR_EXP_CC, Linear::kExpanded, ""},
-    {33, BARCODE_GS1_128_CC, Linear::kCode128, ""},
-    {34, BARCODE_UPCA_CC, Linear::kEanUpc, kUpcA},
-    {35, BARCODE_UPCA_CC, Linear::kEanUpc, kUpcA},
-    {36, BARCODE_UPCA_CC, Linear::kEanUpc, kUpcA},
-    {37, BARCODE_UPCE_CC, Linear::kEanUpc, kUpcE},
-    {38, BARCODE_UPCE_CC, Linear::kEanUpc, kUpcE},
-    {39, BARCODE_UPCE_CC, Linear::kEanUpc, kUpcE},
-    {48, BARCODE_GS1_128_CC, Linear::kCode128, "00"},
-    {69, BARCODE_EANX_CC, Linear::kEanUpc, kEan13},
-    {72, BARCODE_GS1_128_CC, Linear::kCode128, "01"},
-    {75, BARCODE_GS1_128_CC, Linear::kCode128, "00"},
-    {78, BARCODE_DBAR_OMN_CC, Linear::kGtin, ""},
-    {79, BARCODE_DBAR_STK_CC, Linear::kGtin, ""},
-    {80, BARCODE_DBAR_OMNSTK_CC, Linear::kGtin, ""},
-    {81, BARCODE_DBAR_EXPSTK_CC, Linear::kExpanded, ""},
-    {88, BARCODE_GS1_128_CC, Linear::kCode128, ""},
-};
+namespace {
 
-const Form* FindForm(int type) {
-  const auto found = std::find_if(std::begin(kForms), std::end(kForms),
-                                  [type](const Form& form) { return form.type == type; });
-  return found == std::end(kForms) ? nullptr : found;
-}
+enum Component : int { kAuto = 1, kA, kB, kC };
 
 // An element is an identifier of two digits or more and a value. libzint divides by what is left of
 // the width of shorter GS1-128 data under a CC-C, and reads past a shorter component.
@@ -135,7 +112,7 @@ std::string ComponentElements(const Options& options, std::size_t begin) {
 }
 
 // The element string that a linear symbol holds, of the data that its encoder took.
-Data LinearElements(const Form& form, const EncoderInput& input) {
+Data LinearElements(const CompositeForm& form, const EncoderInput& input) {
   Data elements;
   if (TakesGs1(input.symbology, input.options)) {
     elements = ParseElementString(input.data, input.options.autoCorrect > 0).data;
@@ -148,7 +125,7 @@ Data LinearElements(const Form& form, const EncoderInput& input) {
 }
 
 // What libzint is told of a linear part. Those that it does not draw have the same width.
-std::string LinearContent(const Form& form, const EncoderInput& input,
+std::string LinearContent(const CompositeForm& form, const EncoderInput& input,
                           const std::optional<LinkedCode128>& code128) {
   switch (form.linear) {
     case Linear::kEanUpc:
@@ -163,7 +140,7 @@ std::string LinearContent(const Form& form, const EncoderInput& input,
   return UncheckedElements(LinearElements(form, input));
 }
 
-bool CarriesC(const Form& form) {
+bool CarriesC(const CompositeForm& form) {
   return form.linear == Linear::kCode128;
 }
 
@@ -188,7 +165,7 @@ bool IsSame(const ZintSymbol& a, const ZintSymbol& b) {
   return true;
 }
 
-void EncodeBoth(const Form& form, const Options& options, const Content& content,
+void EncodeBoth(const CompositeForm& form, const Options& options, const Content& content,
                 ZintSymbol& symbol) {
   const int type = options.compositeType - kAuto;
   symbol->option_2 = SegmentPairs(options);
@@ -211,7 +188,7 @@ void DrawLinked(const LinkedCode128& code128, const ZintSymbol& composed,
   if (symbology.check.kind == CheckKind::kBuiltIn) symbol.checkDigits = std::to_string(check);
 }
 
-void Join(const Form& form, const ZintSymbol& composed, Symbol& symbol) {
+void Join(const CompositeForm& form, const ZintSymbol& composed, Symbol& symbol) {
   const std::size_t linearRows = symbol.rows.size();
   const int linearWidth = symbol.width;
   const bool ownBars = form.linear == Linear::kEanUpc || form.linear == Linear::kCode128;
@@ -225,17 +202,16 @@ void Join(const Form& form, const ZintSymbol& composed, Symbol& symbol) {
 
 }  // namespace
 
-void CheckComponentType(const Options& options) {
-  const Form* const form = FindForm(options.type);
+void CheckComponentType(const Options& options, const Symbology& symbology) {
+  const CompositeForm* const form = symbology.composite;
   const bool carried = form != nullptr && (options.compositeType != kC || CarriesC(*form));
   if (!carried) throw Error(BC_E_NOTSUPPORTED).inComponent();
 }
 
 Symbol EncodeComposite(const Options& options, const Symbology& symbology) {
-  const Form& form = *FindForm(symbology.type);
-  // The first row has four segments at least, for the component above.
-  if (symbology.type == kExpandedStacked && SegmentPairs(options) == 1)
-    throw Error(BC_E_INVALIDARG);
+  const CompositeForm& form = *symbology.composite;
+  const int pairs = SegmentPairs(options);
+  if (pairs > 0 && pairs < form.leastPairs) throw Error(BC_E_INVALIDARG);
   const std::size_t bar = std::min(options.data.find('|'), options.data.size());
   Options linear = options;
   linear.compositeType = 0;

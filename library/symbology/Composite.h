@@ -8,12 +8,18 @@
 
 namespace Library {
 
+// What a symbology's composites are made from.
+extern const CompositeForm kEan8Composite, kEan13Composite, kUpcAComposite, kUpcEComposite,
+    kGs1Code128Composite, kSsccComposite, kEan14Composite, kDataBarComposite,
+    kLimitedDataBarComposite, kExpandedDataBarComposite, kStackedDataBarComposite,
+    kStackedOmniDataBarComposite, kStackedExpandedDataBarComposite;
+
 // Throws Error with BC_E_NOTSUPPORTED in the component where the type cannot carry one of
 // options.compositeType.
-void CheckComponentType(const Options& options);
+void CheckComponentType(const Options& options, const Symbology& symbology);
 
 // Throws Error as Encode does, of a fault in the component with inComposite set.
-// REQUIRES: CheckComponentType(options).
+// REQUIRES: CheckComponentType.
 Symbol EncodeComposite(const Options& options, const Symbology& symbology);
 
 }  // namespace Library

@@ -13,7 +13,7 @@ const Symbology& SymbologyOf(const Options& options) {
   const Symbology* const symbology = FindSymbology(options.type);
   if (symbology == nullptr) throw Error(BC_E_INVALIDARG);
   if (symbology->encoder == nullptr) throw Error(BC_E_NOTSUPPORTED);
-  if (options.compositeType != 0) CheckComponentType(options);
+  if (options.compositeType != 0) CheckComponentType(options, *symbology);
   if (options.eci != 0 && !symbology->family.eci) throw Error(BC_E_NOTSUPPORTED);
   return *symbology;
 }

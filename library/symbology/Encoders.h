@@ -57,8 +57,25 @@ void EncodeHibcDataMatrix(const EncoderInput& input, Symbol& symbol);
 void EncodeMailmarkMatrix(const EncoderInput& input, Symbol& symbol);
 void EncodeMaxiCode(const EncoderInput& input, Symbol& symbol);
 void EncodeCode49(const EncoderInput& input, Symbol& symbol);
-void EncodePostal(const EncoderInput& input, Symbol& symbol);
-void EncodeOtherMatrix(const EncoderInput& input, Symbol& symbol);
+void EncodePostnet(const EncoderInput& input, Symbol& symbol);
+void EncodePlanet(const EncoderInput& input, Symbol& symbol);
+void EncodeCepNet(const EncoderInput& input, Symbol& symbol);
+void EncodeTwoTrackPharmacode(const EncoderInput& input, Symbol& symbol);
+void EncodeAustraliaPost(const EncoderInput& input, Symbol& symbol);
+void EncodeAustraliaPost2(const EncoderInput& input, Symbol& symbol);
+void EncodeAustraliaPost3(const EncoderInput& input, Symbol& symbol);
+void EncodeAustraliaReply(const EncoderInput& input, Symbol& symbol);
+void EncodeAustraliaRouting(const EncoderInput& input, Symbol& symbol);
+void EncodeAustraliaRedirection(const EncoderInput& input, Symbol& symbol);
+void EncodeRoyalMail(const EncoderInput& input, Symbol& symbol);
+void EncodeJapanPost(const EncoderInput& input, Symbol& symbol);
+void EncodeIntelligentMail(const EncoderInput& input, Symbol& symbol);
+void EncodeKix(const EncoderInput& input, Symbol& symbol);
+void EncodeMailmark(const EncoderInput& input, Symbol& symbol);
+void EncodeDaft(const EncoderInput& input, Symbol& symbol);
+void EncodeDotCode(const EncoderInput& input, Symbol& symbol);
+void EncodeHanXin(const EncoderInput& input, Symbol& symbol);
+void EncodeCodeOne(const EncoderInput& input, Symbol& symbol);
 
 // What a HIBC symbol holds, drawn by the encoder of the symbology that carries it.
 void EncodeHibc(const EncoderInput& input, Encoder carrier, Symbol& symbol);

@@ -42,6 +42,11 @@ constexpr Family kTwoWidthBarcode = {.geometry = G::kLinear,
                                      .elements = E::kTwoWidths,
                                      .minimalHeight = M::kGeneral,
                                      .textShown = true};
+constexpr Family kInterleavedBarcode = {.geometry = G::kLinear,
+                                        .elements = E::kTwoWidths,
+                                        .minimalHeight = M::kGeneral,
+                                        .textShown = true,
+                                        .pairs = true};
 constexpr Family kLogisticsTwoWidth = {.geometry = G::kLinear,
                                        .elements = E::kTwoWidths,
                                        .minimalHeight = M::kLogistics,

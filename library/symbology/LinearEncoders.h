@@ -47,7 +47,8 @@ void EncodeFlattermarken(const EncoderInput& input, Symbol& symbol);
 void EncodePharmacode(const EncoderInput& input, Symbol& symbol);
 void EncodeFim(const EncoderInput& input, Symbol& symbol);
 
-// Korea Post, Channel Code and BC412.
-void EncodeZintLinear(const EncoderInput& input, Symbol& symbol);
+void EncodeKoreaPost(const EncoderInput& input, Symbol& symbol);
+void EncodeChannelCode(const EncoderInput& input, Symbol& symbol);
+void EncodeBc412(const EncoderInput& input, Symbol& symbol);
 
 }  // namespace Library

@@ -5,8 +5,8 @@
 #include "library/symbology/Linear.h"
 #include "library/symbology/ZintSymbol.h"
 
-#include <algorithm>
-#include <iterator>
+#include <string>
+#include <string_view>
 
 namespace Library {
 namespace {
@@ -30,28 +30,12 @@ void CheckCodeOne(const ZintSymbol& encoded, std::string_view data) {
 }
 
 struct MatrixCode {
-  int type;
   int zint;               // libzint's number
   int maxEci;             // the largest number that the symbology writes
   Check check = nullptr;  // null: nothing is known
 };
 
-constexpr MatrixCode kMatrixCodes[] = {
-    {115, BARCODE_DOTCODE, 811'799},
-    {116, BARCODE_HANXIN, 999'999},
-    {141, BARCODE_CODEONE, 999'999, CheckCodeOne},
-};
-
-const MatrixCode& MatrixCodeOf(int type) {
-  return *std::find_if(std::begin(kMatrixCodes), std::end(kMatrixCodes),
-                       [type](const MatrixCode& code) { return code.type == type; });
-}
-
-}  // namespace
-
-// REQUIRES: the type is one of kMatrixCodes.
-void EncodeOtherMatrix(const EncoderInput& input, Symbol& symbol) {
-  const MatrixCode& code = MatrixCodeOf(input.symbology.type);
+void Draw(const MatrixCode& code, const EncoderInput& input, Symbol& symbol) {
   const Options& options = input.options;
   if (options.eci > code.maxEci) throw Error(BC_E_INVALIDARG);
   ZintSymbol encoded(code.zint);
@@ -65,6 +49,18 @@ void EncodeOtherMatrix(const EncoderInput& input, Symbol& symbol) {
   if (code.check != nullptr) code.check(encoded, data);
   encoded.copyRows(symbol, 1);
   SetTextLine(symbol, PrintableText(input.data));
+}
+
+}  // namespace
+
+void EncodeDotCode(const EncoderInput& input, Symbol& symbol) {
+  Draw({BARCODE_DOTCODE, 811'799}, input, symbol);
+}
+void EncodeHanXin(const EncoderInput& input, Symbol& symbol) {
+  Draw({BARCODE_HANXIN, 999'999}, input, symbol);
+}
+void EncodeCodeOne(const EncoderInput& input, Symbol& symbol) {
+  Draw({BARCODE_CODEONE, 999'999, CheckCodeOne}, input, symbol);
 }
 
 }  // namespace Library

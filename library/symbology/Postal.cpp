@@ -22,8 +22,6 @@ constexpr Heights kIntelligentMail = {2.0855, 2.064, 2.0855};
 
 constexpr Heights kDaftHeights = {3, 2, 3};
 
-constexpr int kDaft = 93;  // type
-
 struct Message {
   std::string data;  // for libzint
   std::string text;
@@ -109,41 +107,10 @@ void TrimText(const Data&, Message& message) {
 }
 
 struct Service {
-  int type;
   int zint;  // libzint's number
   const Heights& heights;
   Complete complete = nullptr;  // null: the data as they are
 };
-
-constexpr Service kServices[] = {
-    {40, BARCODE_POSTNET, kTwoState, LeaveCheckDigit},
-    {41, BARCODE_POSTNET, kTwoState, LeaveCheckDigit},
-    {42, BARCODE_POSTNET, kTwoState, LeaveCheckDigit},
-    {43, BARCODE_POSTNET, kTwoState, LeaveCheckDigit},
-    {44, BARCODE_POSTNET, kTwoState, LeaveCheckDigit},
-    {45, BARCODE_POSTNET, kTwoState, LeaveCheckDigit},
-    {53, BARCODE_PHARMA_TWO, kTwoTrack, CheckTwoTrackValue},
-    {54, BARCODE_CEPNET, kTwoState, LeaveCheckDigit},
-    {63, BARCODE_AUSPOST, kAustralia},
-    {64, BARCODE_AUSPOST, kAustralia, FillCustomer2},
-    {65, BARCODE_AUSPOST, kAustralia, FillCustomer3},
-    {66, BARCODE_AUSREPLY, kAustralia},
-    {67, BARCODE_AUSROUTE, kAustralia},
-    {68, BARCODE_AUSREDIRECT, kAustralia},
-    {70, BARCODE_RM4SCC, kRoyalMail, AddRoyalMailCheck},
-    {76, BARCODE_JAPANPOST, kJapan, CountJapanElements},
-    {82, BARCODE_PLANET, kTwoState, LeaveCheckDigit},
-    {83, BARCODE_PLANET, kTwoState, LeaveCheckDigit},
-    {85, BARCODE_USPS_IMAIL, kIntelligentMail, GroupIntelligentMail},
-    {90, BARCODE_KIX, kRoyalMail},
-    {kDaft, BARCODE_DAFT, kDaftHeights},
-    {121, BARCODE_MAILMARK, kRoyalMail, TrimText},
-};
-
-const Service& ServiceOf(int type) {
-  return *std::find_if(std::begin(kServices), std::end(kServices),
-                       [type](const Service& service) { return service.type == type; });
-}
 
 // The height of all three rows stays.
 void SetTracker(int permille, Symbol& symbol) {
@@ -156,11 +123,7 @@ void SetTracker(int permille, Symbol& symbol) {
   symbol.rows[1].height = tracker;
 }
 
-}  // namespace
-
-// REQUIRES: the type is one of kServices.
-void EncodePostal(const EncoderInput& input, Symbol& symbol) {
-  const Service& service = ServiceOf(input.symbology.type);
+void Draw(const Service& service, const EncoderInput& input, Symbol& symbol) {
   Message message{Bytes(input.data), {}, {}};
   message.text = message.data;
   if (service.complete != nullptr) service.complete(input.data, message);
@@ -171,9 +134,60 @@ void EncodePostal(const EncoderInput& input, Symbol& symbol) {
   for (std::size_t row = 0; row < symbol.rows.size(); ++row) {
     symbol.rows[row].height = service.heights[row];
   }
-  if (service.type == kDaft) SetTracker(input.options.trackerHeight, symbol);
   if (!message.checkDigits.empty()) symbol.checkDigits = std::move(message.checkDigits);
   SetTextLine(symbol, std::move(message.text));
+}
+
+}  // namespace
+
+void EncodePostnet(const EncoderInput& input, Symbol& symbol) {
+  Draw({BARCODE_POSTNET, kTwoState, LeaveCheckDigit}, input, symbol);
+}
+void EncodePlanet(const EncoderInput& input, Symbol& symbol) {
+  Draw({BARCODE_PLANET, kTwoState, LeaveCheckDigit}, input, symbol);
+}
+void EncodeCepNet(const EncoderInput& input, Symbol& symbol) {
+  Draw({BARCODE_CEPNET, kTwoState, LeaveCheckDigit}, input, symbol);
+}
+void EncodeTwoTrackPharmacode(const EncoderInput& input, Symbol& symbol) {
+  Draw({BARCODE_PHARMA_TWO, kTwoTrack, CheckTwoTrackValue}, input, symbol);
+}
+void EncodeAustraliaPost(const EncoderInput& input, Symbol& symbol) {
+  Draw({BARCODE_AUSPOST, kAustralia}, input, symbol);
+}
+void EncodeAustraliaPost2(const EncoderInput& input, Symbol& symbol) {
+  Draw({BARCODE_AUSPOST, kAustralia, FillCustomer2}, input, symbol);
+}
+void EncodeAustraliaPost3(const EncoderInput& input, Symbol& symbol) {
+  Draw({BARCODE_AUSPOST, kAustralia, FillCustomer3}, input, symbol);
+}
+void EncodeAustraliaReply(const EncoderInput& input, Symbol& symbol) {
+  Draw({BARCODE_AUSREPLY, kAustralia}, input, symbol);
+}
+void EncodeAustraliaRouting(const EncoderInput& input, Symbol& symbol) {
+  Draw({BARCODE_AUSROUTE, kAustralia}, input, symbol);
+}
+void EncodeAustraliaRedirection(const EncoderInput& input, Symbol& symbol) {
+  Draw({BARCODE_AUSREDIRECT, kAustralia}, input, symbol);
+}
+void EncodeRoyalMail(const EncoderInput& input, Symbol& symbol) {
+  Draw({BARCODE_RM4SCC, kRoyalMail, AddRoyalMailCheck}, input, symbol);
+}
+void EncodeJapanPost(const EncoderInput& input, Symbol& symbol) {
+  Draw({BARCODE_JAPANPOST, kJapan, CountJapanElements}, input, symbol);
+}
+void EncodeIntelligentMail(const EncoderInput& input, Symbol& symbol) {
+  Draw({BARCODE_USPS_IMAIL, kIntelligentMail, GroupIntelligentMail}, input, symbol);
+}
+void EncodeKix(const EncoderInput& input, Symbol& symbol) {
+  Draw({BARCODE_KIX, kRoyalMail}, input, symbol);
+}
+void EncodeMailmark(const EncoderInput& input, Symbol& symbol) {
+  Draw({BARCODE_MAILMARK, kRoyalMail, TrimText}, input, symbol);
+}
+void EncodeDaft(const EncoderInput& input, Symbol& symbol) {
+  Draw({BARCODE_DAFT, kDaftHeights}, input, symbol);
+  SetTracker(input.options.trackerHeight, symbol);
 }
 
 }  // namespace Library

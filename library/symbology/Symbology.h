@@ -11,6 +11,7 @@
 
 namespace Library {
 
+struct CompositeForm;
 struct EncoderInput;
 struct Options;
 struct StructuredAppend;
@@ -45,9 +46,10 @@ struct Family {
   int characterRuns = 0;   // bars and spaces of a character where the encoder names none; 0: varies
   double leastHeight = 0;  // X, of a linear symbol, instead of the least height above; 0: none
 
-  bool functionCharacters = false;                     // FNC1 to FNC4 can be encoded
-  bool codeSets = false;                               // A, B, C of a format string switch the set
-  bool eci = false;                                    // an ECI number can be encoded in front
+  bool functionCharacters = false;  // FNC1 to FNC4 can be encoded
+  bool codeSets = false;            // A, B, C of a format string switch the set
+  bool eci = false;                 // an ECI number can be encoded in front
+  bool pairs = false;               // an odd number of digits gets a zero in front
   bool (*takesGs1)(const Options& options) = nullptr;  // the data are element strings; null: never
   bool ownElementCharacters = false;  // element strings have the characters of the type's row
   SetHeights (*setHeights)(const Options& options) = nullptr;  // null: no option sets them
@@ -76,6 +78,8 @@ struct Symbology {
 
   int nominalX;         // 1/1000 mm
   QuietZone quietZone;  // that the standard asks for
+
+  const CompositeForm* composite = nullptr;  // null: no component can be above it
 };
 
 inline bool TakesGs1(const Symbology& symbology, const Options& options) {

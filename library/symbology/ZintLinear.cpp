@@ -1,4 +1,4 @@
-// Linear symbols of which libzint knows the bars: one row a type.
+// Linear symbols of which libzint knows the bars.
 #include "library/Error.h"
 #include "library/symbology/Linear.h"
 #include "library/symbology/LinearEncoders.h"
@@ -10,25 +10,11 @@ namespace Library {
 namespace {
 
 struct ZintLinearType {
-  int type;
   int symbology;     // libzint's number
   std::size_t size;  // characters that libzint takes, the check digit after them is its own; 0: all
   int maxValue;      // of data that are a number, 0: they are none
   int checkPlace;    // of the check digit that libzint puts into the text, -1: none
 };
-
-constexpr ZintLinearType kTypes[] = {
-    {77, BARCODE_KOREAPOST, 6, 0, -1},
-    {140, BARCODE_CHANNEL, 0, 7742862, -1},
-    {146, BARCODE_BC412, 0, 0, 1},
-};
-
-const ZintLinearType& RowOf(int type) {
-  for (const ZintLinearType& row : kTypes) {
-    if (row.type == type) return row;
-  }
-  throw Error(BC_E_NOTSUPPORTED);
-}
 
 // The last light modules are the quiet zone's.
 void DropLightEnd(Symbol& symbol) {
@@ -38,10 +24,7 @@ void DropLightEnd(Symbol& symbol) {
   runs.pop_back();
 }
 
-}  // namespace
-
-void EncodeZintLinear(const EncoderInput& input, Symbol& symbol) {
-  const ZintLinearType& type = RowOf(input.symbology.type);
+void Draw(const ZintLinearType& type, const EncoderInput& input, Symbol& symbol) {
   std::string data = Bytes(input.data);
   if (type.size > 0) data.resize(type.size);
   if (type.maxValue > 0) {
@@ -59,6 +42,18 @@ void EncodeZintLinear(const EncoderInput& input, Symbol& symbol) {
   if (type.checkPlace >= 0)
     symbol.checkDigits = text.substr(static_cast<std::size_t>(type.checkPlace), 1);
   SetTextLine(symbol, std::move(text));
+}
+
+}  // namespace
+
+void EncodeKoreaPost(const EncoderInput& input, Symbol& symbol) {
+  Draw({BARCODE_KOREAPOST, 6, 0, -1}, input, symbol);
+}
+void EncodeChannelCode(const EncoderInput& input, Symbol& symbol) {
+  Draw({BARCODE_CHANNEL, 0, 7'742'862, -1}, input, symbol);
+}
+void EncodeBc412(const EncoderInput& input, Symbol& symbol) {
+  Draw({BARCODE_BC412, 0, 0, 1}, input, symbol);
 }
 
 }  // namespace Library
