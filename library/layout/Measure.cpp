@@ -35,6 +35,8 @@ constexpr double kLowBars = 10 * kMillimetre, kHighBars = 50 * kMillimetre;
 constexpr double kNarrow = 30 * kMillimetre;
 // EAN and UPC digits in 10 points go with this X (ISO/IEC 15420).
 constexpr double kNominalEanModule = 330;
+// Wide symbols in a low box keep bars: of the height of both, so much is the font's at most.
+constexpr double kLargestShare = 2.0 / 3;
 
 class Sizer {
  public:
@@ -78,9 +80,10 @@ double Sizer::contentHeight(double module) const {
 
 bool Sizer::fits(double module, double tolerance) const {
   if (outline.width(module) > box.width + tolerance) return false;
-  return !HasProportions(symbol.geometry) ||
-         outline.below(module) + contentHeight(module) + outline.above(module) <=
-             box.height + tolerance;
+  const double least = HasProportions(symbol.geometry) ? contentHeight(module)
+                                                       : LeastRowsHeight(symbol, options, module);
+  return least <= 0 ||
+         outline.below(module) + least + outline.above(module) <= box.height + tolerance;
 }
 
 // Whether one dot is too little for a module as wide as `ideal` dots: two would be a quarter more.
@@ -180,7 +183,10 @@ Measures Sizer::measure() const {
 
 // The text grows with the symbol that it stands under.
 double DefaultPoints(const Symbol& symbol, const Measures& m) {
-  if (m.text.hasDigits) return kDefaultPoints * m.module / kNominalEanModule;
+  if (m.text.hasDigits) {
+    return std::min(kDefaultPoints * m.module / kNominalEanModule,
+                    kLargestShare * m.height / kPoint);
+  }
   if (m.right - m.left < kNarrow) return kSmallPoints;
   if (symbol.geometry != Geometry::kLinear) return kDefaultPoints;
   const double share = (m.top - m.bottom - kLowBars) / (kHighBars - kLowBars);

@@ -48,7 +48,7 @@ Outline::Outline(const Symbol& symbol, const Options& settings, const TextPlan& 
       columns(ModulesAcross(symbol, settings.ratio)),
       bearerBars(symbol.geometry == Geometry::kLinear && settings.bearerBarType != 0),
       guards(!symbol.guards.empty()),
-      matrix(symbol.geometry == Geometry::kMatrix) {}
+      matrix(symbol.geometry == Geometry::kMatrix || symbol.geometry == Geometry::kDots) {}
 
 // How far bars that are made wider reach beyond their place, which they do on the outside, too.
 double Outline::widening(double x) const {

@@ -26,6 +26,10 @@ double LinearMinimum(const Family& family, const RowSpace& space) {
   return std::max(kLogisticsShare * space.width, kLogisticsMinimum);
 }
 
+SetHeights SetHeightsOf(const Family& family, const Options& options) {
+  return family.setHeights == nullptr ? SetHeights() : family.setHeights(options);
+}
+
 bool IsFlexible(const SymbolRow& row) {
   return row.height <= 0;
 }
@@ -61,11 +65,28 @@ double HexagonRowsHeight(const Symbol& symbol) {
   return pitch * (static_cast<double>(symbol.rows.size()) - 1) + tall;
 }
 
+double LeastRowsHeight(const Symbol& symbol, const Options& options, double module) {
+  const Family& family = FindSymbology(symbol.type)->family;
+  const bool linear = family.minimalHeight != MinimalHeight::kNone || family.rowHeight <= 0;
+  const bool anyFlexible = std::any_of(symbol.rows.begin(), symbol.rows.end(), IsFlexible);
+  const SetHeights set = SetHeightsOf(family, options);
+  double fixed = 0, flexible = 0;
+  for (const SymbolRow& row : symbol.rows) {
+    if (IsFlexible(row)) {
+      flexible += linear ? kLeastBarHeight : kLeastScale * family.rowHeight * module;
+    } else if (IsSeparator(row) && set.separator >= 0) {
+      fixed += set.separator;
+    } else {
+      fixed += row.height * module * (!anyFlexible && Stretches(row) ? kLeastScale : 1);
+    }
+  }
+  return linear && fixed <= 0 ? 0 : fixed + flexible;
+}
+
 std::vector<double> RowHeights(const Symbol& symbol, const Options& options, SizeMode mode,
                                const RowSpace& space) {
   const Symbology& type = *FindSymbology(symbol.type);
-  const SetHeights set =
-      type.family.setHeights == nullptr ? SetHeights() : type.family.setHeights(options);
+  const SetHeights set = SetHeightsOf(type.family, options);
   const bool linear =
       type.family.minimalHeight != MinimalHeight::kNone || type.family.rowHeight <= 0;
   const double own = linear        ? LinearMinimum(type.family, space)

@@ -19,6 +19,10 @@ struct RowSpace {
 std::vector<double> RowHeights(const Symbol& symbol, const Options& options, SizeMode mode,
                                const RowSpace& space);
 
+// What the rows take at least, in modules of that width, to fill a box; 0: they are as high as it
+// leaves room for.
+double LeastRowsHeight(const Symbol& symbol, const Options& options, double module);
+
 // Height of MaxiCode's rows, in hexagons side by side.
 double HexagonRowsHeight(const Symbol& symbol);
 

@@ -88,6 +88,7 @@ void TextPlacer::draw(const Placement& placement, Drawing& drawing) const {
     if (text.text.empty()) continue;
     const double line = m.text.size * (isLine(text) ? shrink(text) : digits);
     const double size = isSmall(text) ? std::min(line, m.text.size * shrink(text)) : line;
+    if (placement.length(size) <= 0) continue;
     const double gap = spacing(text, size);
     const double width =
         m.text.font.textWidth(text.text, size) + gap * (static_cast<double>(text.text.size()) - 1);
