@@ -47,7 +47,7 @@ void Stretch(const Symbol& symbol, double room, std::vector<double>& heights) {
   }
   if (stretching <= 0) return;
   const double scale = (room - (all - stretching)) / stretching;
-  if (scale < kLeastScale) return;
+  if ((kLeastScale - scale) * stretching > kBoxTolerance) return;
   for (std::size_t i = 0; i < heights.size(); ++i) {
     if (Stretches(symbol.rows[i])) heights[i] *= scale;
   }
@@ -109,7 +109,7 @@ std::vector<double> RowHeights(const Symbol& symbol, const Options& options, Siz
   const double room = (space.height - fixed) / flexible;
   const double least =
       linear ? kLeastBarHeight : kLeastScale * type.family.rowHeight * space.module;
-  if (mode == SizeMode::kFit && room >= least) share = room;
+  if (mode == SizeMode::kFit && room >= least - kBoxTolerance) share = room;
   if (mode == SizeMode::kModule && linear) share = std::max(room, own);
   for (std::size_t i = 0; i < heights.size(); ++i) {
     if (IsFlexible(symbol.rows[i])) heights[i] = share;
