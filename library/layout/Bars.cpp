@@ -103,10 +103,10 @@ std::vector<Bar> LayOutBars(const Symbol& symbol, const Options& options, const 
   return std::move(stack.bars);
 }
 
-std::vector<Bar> LayOutBearerBars(const Options& options, const Measures& m) {
+std::vector<Bar> LayOutBearerBars(const Measures& m) {
   const double thickness = m.bearer;
   if (thickness <= 0) return {};
-  const int type = options.bearerBarType;
+  const int type = m.bearerType;
   const bool frame = HasBearerFrame(type);
   const double left = frame ? 0 : m.left, right = frame ? m.width : m.right;
   std::vector<Bar> bars;

@@ -28,6 +28,6 @@ BarEnds LastRowEnds(const Symbol& symbol, const Measures& measures, int module, 
 double BarReduction(const Options& options, double narrowBar, double x);
 
 // Bearer bars; they touch the bars of the symbol.
-std::vector<Bar> LayOutBearerBars(const Options& options, const Measures& measures);
+std::vector<Bar> LayOutBearerBars(const Measures& measures);
 
 }  // namespace Library

@@ -98,7 +98,7 @@ Drawing LayOut(const Symbol& symbol, const Options& options, const BCRect& recta
     BarField field = LayOutField(symbol, options, m, placement);
     add(LayOutBars(symbol, options, m));
     field.count = drawing.rectangles.size();
-    add(LayOutBearerBars(options, m));
+    add(LayOutBearerBars(m));
     field.bearers = drawing.rectangles.size() - field.count;
     SortRows(std::span(drawing.rectangles).first(field.count));
     drawing.fields.push_back(std::move(field));

@@ -172,6 +172,7 @@ Measures Sizer::measure() const {
   m.height = m.top + outline.above(x);
   m.guardDrop = outline.guardDrop(x);
   m.bearer = outline.bearer(x);
+  m.bearerType = outline.bearerType();
   m.text = outline.text();
   if (const double least = readableModule(); x < least * (1 - kModuleSlack)) {
     m.neededModule = least;

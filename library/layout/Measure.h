@@ -31,6 +31,7 @@ struct Measures {
   std::vector<double> rowHeights;
   double guardDrop = 0;
   double bearer = 0;  // thickness of bearer bars, 0: none
+  int bearerType = 0;
   TextPlan text;
 };
 

@@ -4,12 +4,15 @@
 #include "library/layout/ElementWidths.h"
 #include "library/layout/Measure.h"
 #include "library/layout/Units.h"
+#include "library/symbology/Symbology.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace Library {
 namespace {
+
+enum BearerType : int { kNone, kTopAndBottom, kFrame, kTop, kBottom };
 
 // Bearer bars of ITF-14 are 4.8 mm where a printing plate presses on them; 5 X do for all else.
 constexpr double kBearerModules = 5;
@@ -30,23 +33,31 @@ double ModulesAcross(const Symbol& symbol, std::string_view ratio) {
   return modules;
 }
 
+// What is asked for, else the bar that belongs to the symbol.
+int BearerTypeOf(const Symbol& symbol, const Options& options, double topBar) {
+  if (symbol.geometry != Geometry::kLinear) return kNone;
+  if (options.bearerBarType != kNone) return options.bearerBarType;
+  return topBar > 0 ? kTop : kNone;
+}
+
 }  // namespace
 
 bool HasBearerFrame(int type) {
-  return type == 2;
+  return type == kFrame;
 }
 bool HasBearerAbove(int type) {
-  return type == 1 || type == 2 || type == 3;
+  return type == kTopAndBottom || type == kFrame || type == kTop;
 }
 bool HasBearerBelow(int type) {
-  return type == 1 || type == 2 || type == 4;
+  return type == kTopAndBottom || type == kFrame || type == kBottom;
 }
 
 Outline::Outline(const Symbol& symbol, const Options& settings, const TextPlan& textPlan)
     : options(settings),
       plan(textPlan),
       columns(ModulesAcross(symbol, settings.ratio)),
-      bearerBars(symbol.geometry == Geometry::kLinear && settings.bearerBarType != 0),
+      topBar(FindSymbology(symbol.type)->family.topBar),
+      type(BearerTypeOf(symbol, settings, topBar)),
       guards(!symbol.guards.empty()),
       matrix(symbol.geometry == Geometry::kMatrix || symbol.geometry == Geometry::kDots) {}
 
@@ -68,16 +79,17 @@ double Outline::quiet(double value, double dpi, double x) const {
 
 double Outline::side(double quietZone, int textModules, double x) const {
   double margin = std::max(quiet(quietZone, options.dpiX, x), textModules * x);
-  if (bearerBars && HasBearerFrame(options.bearerBarType)) {
+  if (HasBearerFrame(type)) {
     margin = std::max(margin, kFrameQuietModules * x) + bearer(x);
   }
   return onDots(std::max(margin, widening(x)));
 }
 
 double Outline::bearer(double x) const {
-  if (!bearerBars) return 0;
+  if (type == kNone) return 0;
   if (options.bearerBarWidth > 0) return onDots(options.bearerBarWidth);
-  return onDots(std::min(kBearerModules * x, kMaxDefaultBearer));
+  const double modules = topBar > 0 ? topBar : kBearerModules;
+  return onDots(std::min(modules * x, kMaxDefaultBearer));
 }
 
 double Outline::guardDrop(double x) const {
@@ -87,13 +99,13 @@ double Outline::guardDrop(double x) const {
 }
 
 double Outline::above(double x) const {
-  const double bar = HasBearerAbove(options.bearerBarType) ? bearer(x) : 0;
+  const double bar = HasBearerAbove(type) ? bearer(x) : 0;
   return bar + plan.bandAbove() +
          std::max(quiet(options.quietZone.top, options.dpiY, x), matrix ? widening(x) : 0);
 }
 
 double Outline::below(double x) const {
-  const double bar = HasBearerBelow(options.bearerBarType) ? bearer(x) : 0;
+  const double bar = HasBearerBelow(type) ? bearer(x) : 0;
   return std::max(bar + plan.bandBelow(), guardDrop(x)) +
          std::max(quiet(options.quietZone.bottom, options.dpiY, x), matrix ? widening(x) : 0);
 }

@@ -22,6 +22,7 @@ class Outline {
   double below(double x) const;
   double bearer(double x) const;  // thickness, 0: the symbol has none
   double guardDrop(double x) const;
+  int bearerType() const { return type; }
 
  private:
   double side(double quietZone, int textModules, double x) const;
@@ -32,7 +33,8 @@ class Outline {
   const Options& options;
   TextPlan plan;
   double columns = 0;
-  bool bearerBars;
+  double topBar;  // X, that belongs to the symbol
+  int type;       // of bearer bars, 0: none
   bool guards;
   bool matrix;
 };

@@ -62,13 +62,13 @@ double TextPlacer::baseline(const SymbolText& text, double size) const {
   const bool above = line ? m.text.lineAbove() : m.text.above;
   const double descent = line ? font.descent * size : 0;
   if (above) {
-    const double bearer = HasBearerAbove(options.bearerBarType) ? m.bearer : 0;
+    const double bearer = HasBearerAbove(m.bearerType) ? m.bearer : 0;
     return m.top + bearer + m.text.distance + descent;
   }
   if (text.place == SymbolText::Place::kAboveAddOn) {
     return m.top - m.text.addOnDrop() + m.text.distance;
   }
-  const double bearer = HasBearerBelow(options.bearerBarType) ? m.bearer : 0;
+  const double bearer = HasBearerBelow(m.bearerType) ? m.bearer : 0;
   return m.bottom - bearer - m.text.distance - m.text.ascent * size;
 }
 

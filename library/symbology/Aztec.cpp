@@ -175,7 +175,7 @@ void EncodeAztec(const EncoderInput& input, Symbol& symbol) {
 void EncodeHibcAztec(const EncoderInput& input, Symbol& symbol) {
   const AztecOptions& options = input.options.aztec;
   CheckOptions(options);
-  if (options.format != kDefault || options.runes) throw Error(BC_E_INVALIDARG);
+  if (options.format != kDefault || options.runes) throw Error(BC_E_NOTSUPPORTED);
   HibcMessage message = CompleteHibc(input.data, input.symbology.maxLength);
   Draw(input.options, message.data, symbol);
   symbol.checkDigits = std::move(message.check);

@@ -203,7 +203,7 @@ void EncodeDataMatrix(const EncoderInput& input, Symbol& symbol) {
 
 void EncodeHibcDataMatrix(const EncoderInput& input, Symbol& symbol) {
   const int format = input.options.dataMatrix.format;
-  if (format == kGs1 || format == kIndustry) throw Error(BC_E_INVALIDARG);
+  if (format == kGs1 || format == kIndustry) throw Error(BC_E_NOTSUPPORTED);
   HibcMessage message = CompleteHibc(input.data, input.symbology.maxLength);
   Draw(input.options, message.data, symbol);
   symbol.checkDigits = std::move(message.check);

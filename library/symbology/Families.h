@@ -69,6 +69,12 @@ constexpr Family kLogisticsBarcode = {.geometry = G::kLinear,
                                       .elements = E::kFourWidths,
                                       .minimalHeight = M::kLogistics,
                                       .textShown = true};
+// A parcel's number under a bar.
+constexpr Family kDpdBarcode = {.geometry = G::kLinear,
+                                .elements = E::kFourWidths,
+                                .minimalHeight = M::kLogistics,
+                                .textShown = true,
+                                .topBar = 3};
 constexpr Family kCode128Family = {.geometry = G::kLinear,
                                    .elements = E::kFourWidths,
                                    .minimalHeight = M::kGeneral,
@@ -114,6 +120,12 @@ constexpr Family kCodablockF = {.geometry = G::kStacked,
                                 .functionCharacters = true,
                                 .takesGs1 = GsCodablock,
                                 .setHeights = CodablockHeights};
+// A message of the health industry is one symbol's, and no element string.
+constexpr Family kHibcCodablockF = {.geometry = G::kStacked,
+                                    .elements = E::kFourWidths,
+                                    .rowHeight = 10,
+                                    .functionCharacters = true,
+                                    .setHeights = CodablockHeights};
 constexpr Family kPdf417 = {.geometry = G::kStacked,
                             .rowHeight = 3,
                             .eci = true,
@@ -125,11 +137,10 @@ constexpr Family kMicroPdf417 = {.geometry = G::kStacked,
                                  .takesGs1 = GsMicroPdf417,
                                  .setHeights = Pdf417Heights,
                                  .append = &kPdf417Append};
-constexpr Family kHibcMicroPdf417 = {.geometry = G::kStacked,
-                                     .rowHeight = 2,
-                                     .eci = true,
-                                     .setHeights = Pdf417Heights,
-                                     .append = &kPdf417Append};
+constexpr Family kHibcMicroPdf417 = {
+    .geometry = G::kStacked, .rowHeight = 2, .eci = true, .setHeights = Pdf417Heights};
+constexpr Family kHibcPdf417 = {
+    .geometry = G::kStacked, .rowHeight = 3, .eci = true, .setHeights = Pdf417Heights};
 
 // Matrix symbols.
 constexpr Family kMatrix = {.geometry = G::kMatrix};
@@ -144,9 +155,7 @@ constexpr Family kAztec = {
 constexpr Family kDotCode = {.geometry = G::kDots, .eci = true, .append = &kDotCodeAppend};
 constexpr Family kCodeOne = {.geometry = G::kMatrix, .eci = true, .append = &kCodeOneAppend};
 constexpr Family kHanXin = {.geometry = G::kMatrix, .eci = true};
-// A health industry message is one symbol's, and no element string.
-constexpr Family kHibcDataMatrix = {.geometry = G::kMatrix, .eci = true};
-constexpr Family kHibcAztec = kHibcDataMatrix;
+constexpr Family kHibcMatrix = {.geometry = G::kMatrix, .eci = true};
 constexpr Family kMaxiCode = {.geometry = G::kHexagonal, .eci = true, .append = &kMaxiCodeAppend};
 
 // Postal symbols: short and tall bars, bars in two or four states.

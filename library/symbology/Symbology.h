@@ -45,6 +45,7 @@ struct Family {
   double rowHeight = 0;    // X, of a row of a stacked symbol when none is set; 0: not stacked
   int characterRuns = 0;   // bars and spaces of a character where the encoder names none; 0: varies
   double leastHeight = 0;  // X, of a linear symbol, instead of the least height above; 0: none
+  double topBar = 0;       // X, of a bar along the top that belongs to the symbol; 0: none
 
   bool functionCharacters = false;  // FNC1 to FNC4 can be encoded
   bool codeSets = false;            // A, B, C of a format string switch the set

@@ -105,3 +105,15 @@ TEST(Boxes, LeaveOutTextThatIsTooSmallToBe) {
   const BCRect box = {0, 40000, 100000, 0};
   EXPECT_TRUE(LayOut(Library::Encode(options), options, box).texts.empty());
 }
+
+TEST(Boxes, HoldTheBarOnTopOfAParcelsNumber) {
+  Options options = OptionsFor(96, "%000393206219912345678101040");
+  options.moduleWidth = 375;
+  options.printText = 0;
+  const Drawing drawing = LayOut(Library::Encode(options), options, {0, 30000, 90000, 0});
+  const Rectangle& bar = drawing.rectangles.back();
+  EXPECT_EQ(bar.height(), 3 * 375);
+  EXPECT_EQ(bar.top, drawing.box.top);
+  EXPECT_EQ(bar.width(), drawing.box.width());
+  EXPECT_EQ(drawing.rectangles.front().top, bar.bottom);
+}

@@ -160,7 +160,7 @@ TEST(DataMatrix, RefusesWhatContradictsAndNamesTheCharacter) {
   } cases[] = {
       {71, "*1", [](Options& o) { o.dataMatrix.format = 2; }, {BC_E_INVALIDDATA, 0}},
       {71, "1A", [](Options& o) { o.dataMatrix.format = 2; }, {BC_E_INVALIDDATA, 1}},
-      {102, "A", [](Options& o) { o.dataMatrix.format = 1; }, {BC_E_INVALIDARG, -1}},
+      {102, "A", [](Options& o) { o.dataMatrix.format = 1; }, {BC_E_NOTSUPPORTED, -1}},
       {102, "A_", [](Options&) {}, {BC_E_INVALIDDATA, 1}},
       {103, std::string(111, 'A'), [](Options&) {}, {BC_E_DATATOOLONG, -1}},
       {119, "0221", [](Options&) {}, {BC_E_INVALIDDATA, 1}},

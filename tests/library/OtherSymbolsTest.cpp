@@ -214,3 +214,24 @@ TEST(DotCode, IsDrawnAsDotsThatDoNotTouch) {
     }
   }
 }
+
+// What marks an industry's data would stand in front of the plus sign that tells what these are.
+TEST(HibcMessages, AreNoElementStrings) {
+  const struct {
+    int type;
+    void (*ask)(Library::Options&);
+  } rows[] = {
+      {103, [](Library::Options& o) { o.dataMatrix.format = 1; }},
+      {104, [](Library::Options& o) { o.qr.format = 1; }},
+      {105, [](Library::Options& o) { o.qr.format = 2, o.qr.indicator = "12"; }},
+      {109, [](Library::Options& o) { o.pdf417.microMode = 1; }},
+      {110, [](Library::Options& o) { o.codablock.format = 1; }},
+      {112, [](Library::Options& o) { o.aztec.format = 1; }},
+  };
+  for (const auto& row : rows) {
+    Library::Options options = OptionsFor(row.type, "A123%BJC");
+    EXPECT_EQ(RefusalOf(options), Refusal{}) << row.type;
+    row.ask(options);
+    EXPECT_EQ(RefusalOf(options), (Refusal{BC_E_NOTSUPPORTED, -1})) << row.type;
+  }
+}
