@@ -33,7 +33,7 @@ std::string Refusal(const Finished& finished) {
 }
 
 TEST_F(QueueTool, TakesBackWhatItChanged) {
-  const Scheduler scheduler;
+  Scheduler scheduler;
   scheduler.addQueue("q");
   scheduler.addRawQueue("r");
   ASSERT_EQ(scheduler.run("lpadmin -p q -o PageSize=Letter").status, 0);
@@ -69,6 +69,15 @@ TEST_F(QueueTool, TakesBackWhatItChanged) {
   EXPECT_FALSE(Holds(removed, "vextorin"));
   EXPECT_EQ(Split(removed).size(), Split(before).size());
   EXPECT_EQ(scheduler.run("lpstat -v r").output, device);
+
+  // With the scheduler stopped, as a package may find it.
+  ASSERT_EQ(scheduler.tool("add q --mode any").status, 0);
+  ASSERT_EQ(scheduler.tool("add r --mode raw").status, 0);
+  scheduler.stop();
+  ASSERT_EQ(scheduler.tool("remove --all").status, 0);
+  EXPECT_EQ(ReadFile(scheduler.ppd("q")), removed);
+  EXPECT_FALSE(Holds(ReadFile(scheduler.file("root/printers.conf")), "vextorin:"));
+  EXPECT_FALSE(fs::exists(scheduler.file("root/vextorin.types")));
 }
 
 TEST_F(QueueTool, RefusesInASentenceAndChangesNothing) {
@@ -106,6 +115,10 @@ TEST_F(QueueTool, RefusesInASentenceAndChangesNothing) {
 
   if (geteuid() != 0) return;
   const std::string asUser = "setpriv --reuid 65534 --regid 65534 --clear-groups -- ";
+  const Finished listed =
+      scheduler.run(asUser + scheduler.file("installed/sbin/vextorin-queue") + " list");
+  EXPECT_EQ(listed.status, 1);
+  EXPECT_TRUE(Holds(listed.errors, "only an administrator can read ")) << listed.errors;
   const Finished user =
       scheduler.run(asUser + scheduler.file("installed/sbin/vextorin-queue") + " add q");
   EXPECT_EQ(user.status, 1);

@@ -83,12 +83,17 @@ Scheduler::Scheduler(const Lines& configuration) {
 }
 
 Scheduler::~Scheduler() {
+  stop();
+}
+
+void Scheduler::stop() {
   if (process <= 0) return;
   kill(process, SIGTERM);
   if (!Await([&] { return waitpid(process, nullptr, WNOHANG) == process; }, 10s)) {
     kill(process, SIGKILL);
     waitpid(process, nullptr, 0);
   }
+  process = -1;
 }
 
 std::string Scheduler::programs() const {

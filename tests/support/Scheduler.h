@@ -22,6 +22,8 @@ class Scheduler {
   explicit Scheduler(const Lines& configuration = {"filter", "insert=auto"});
   ~Scheduler();
 
+  void stop();
+
   // A command that speaks to this scheduler, parted by blanks.
   Finished run(std::string_view command, const Environment& more = {}) const;
   // The same of vextorin-queue.
