@@ -1,4 +1,4 @@
-// Codablock-F (AIM Europe Uniform Symbology Specification, ISS-X-24): 2 to 44 rows of Code 128 one
+// Codablock-F (AIM Europe, ISS-X-24): 2 to 44 rows of Code 128 one
 // above the other. A row reads
 //
 //   start A | code set | row indicator | 4 to 62 columns | check character | stop
