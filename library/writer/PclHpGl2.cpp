@@ -171,10 +171,8 @@ void WriteShapes(const Drawing& drawing, const PclPage& page, HpGl2& plotter) {
     plotter.polygon(corners);
   }
   for (const Ring& ring : drawing.rings) {
-    const Place centre = page.place(ring.centre);
-    const Place outer = page.place({ring.centre.x + ring.outerRadius, ring.centre.y});
-    const Place inner = page.place({ring.centre.x + ring.innerRadius, ring.centre.y});
-    plotter.ring(centre, outer.x - centre.x, inner.x - centre.x);
+    plotter.ring(page.place(ring.centre), page.length(ring.outerRadius),
+                 page.length(ring.innerRadius));
   }
 }
 

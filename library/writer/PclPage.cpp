@@ -28,6 +28,10 @@ PclPage::Place PclPage::place(const Point& p) const {
   return {absolute.x - origin.x, absolute.y - origin.y};
 }
 
+int PclPage::length(std::int32_t thousandths) const {
+  return static_cast<int>(std::lround(thousandths * scale));
+}
+
 std::vector<PclPage::Area> PclPage::DotRows(const Drawing& drawing, int dpi) {
   if (drawing.polygons.empty() && drawing.rings.empty()) return {};
   Drawing shapes;

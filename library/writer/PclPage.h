@@ -3,6 +3,7 @@
 
 #include "library/layout/Drawing.h"
 
+#include <cstdint>
 #include <vector>
 
 namespace Library {
@@ -20,6 +21,7 @@ struct PclPage {
 
   // From the corner of the box.
   Place place(const Point& p) const;
+  int length(std::int32_t thousandths) const;
   // Polygons and rings as runs of dots in rows; runs below each other that are alike are one area.
   static std::vector<Area> DotRows(const Drawing& drawing, int dpi);
 
