@@ -185,8 +185,9 @@ Measures Sizer::measure() const {
 // The text grows with the symbol that it stands under.
 double DefaultPoints(const Symbol& symbol, const Measures& m) {
   if (m.text.hasDigits) {
+    const int lines = m.text.hasLine ? 2 : 1;
     return std::min(kDefaultPoints * m.module / kNominalEanModule,
-                    kLargestShare * m.height / kPoint);
+                    kLargestShare * m.height / lines / kPoint);
   }
   if (m.right - m.left < kNarrow) return kSmallPoints;
   if (symbol.geometry != Geometry::kLinear) return kDefaultPoints;

@@ -41,8 +41,7 @@ std::vector<Rectangle> ShapesOf(const Drawing& drawing) {
   return shapes;
 }
 
-void ExpectInside(const Drawing& drawing, const BCRect& room) {
-  EXPECT_TRUE(Holds({room.left, room.bottom, room.right, room.top}, drawing.box));
+void ExpectInsideItsBox(const Drawing& drawing) {
   for (const Rectangle& shape : ShapesOf(drawing)) {
     ASSERT_TRUE(Holds(drawing.box, shape))
         << shape.left << ' ' << shape.bottom << ' ' << shape.right << ' ' << shape.top;
@@ -91,8 +90,10 @@ TEST(Boxes, HoldWhatIsToFit) {
         options.sizeMode = 0;
         options.reduction = reduction;
         const Library::Symbol symbol = Library::Encode(options);
-        ExpectInside(Library::LayOut(symbol, options, box), box);
-        ExpectInside(LayOutGrid(std::span(&symbol, 1), options, {1, 1}, box), box);
+        const Drawing drawing = Library::LayOut(symbol, options, box);
+        EXPECT_TRUE(Holds({box.left, box.bottom, box.right, box.top}, drawing.box));
+        ExpectInsideItsBox(drawing);
+        ExpectInsideItsBox(LayOutGrid(std::span(&symbol, 1), options, {1, 1}, box));
       }
     }
   }
