@@ -66,7 +66,9 @@ double TextPlacer::baseline(const SymbolText& text, double size) const {
     return m.top + bearer + m.text.distance + descent;
   }
   if (text.place == SymbolText::Place::kAboveAddOn) {
-    return m.top - m.text.addOnDrop() + m.text.distance;
+    // A component may stand on the bars.
+    const double barTop = m.bottom + m.rowHeights.back();
+    return barTop - m.text.addOnDrop() + m.text.distance;
   }
   const double bearer = HasBearerBelow(m.bearerType) ? m.bearer : 0;
   return m.bottom - bearer - m.text.distance - m.text.ascent * size;

@@ -7,7 +7,7 @@ namespace {
 
 [[gnu::used, gnu::section(".note.dlopen")]] alignas(4) constexpr auto kNote = NoteOf(
     R"([{"soname":[")" VEXTORIN_ZINT_SONAME R"("],"priority":"required",)"
-    R"("description":"postal codes, MaxiCode, DotCode and other symbols"}])");
+    R"("description":"postal codes, DataBar, composites, MaxiCode, Code 49, DotCode and others"}])");
 
 ZintLibrary Load() {
   const LoadedLibrary library(VEXTORIN_ZINT_SONAME);

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <span>
 
 namespace {
@@ -78,7 +79,7 @@ TEST(Boxes, HoldWhatIsToFit) {
   const BCRect boxes[] = {{0, 20000, 60000, 0},
                           {5000, 15000, 115000, 2000},
                           {0, 80000, 12000, 0},
-                          {0, 60000, 980000, 0}};
+                          {0, 60000, 300000, 0}};
   const double reductions[] = {0, -45};
   for (const auto& row : symbols) {
     for (const BCRect& box : boxes) {
@@ -117,4 +118,19 @@ TEST(Boxes, HoldTheBarOnTopOfAParcelsNumber) {
   EXPECT_EQ(bar.top, drawing.box.top);
   EXPECT_EQ(bar.width(), drawing.box.width());
   EXPECT_EQ(drawing.rectangles.front().top, bar.bottom);
+}
+
+TEST(Boxes, HoldTheDigitsOfAnAddOnUnderAComponent) {
+  Options options = OptionsFor(14, "4006381333931+12|(10)LOT42");
+  options.compositeType = 1;
+  options.textDistance = 400;
+  const Drawing drawing = LayOut(Library::Encode(options), options, {0, 30000, 60000, 0});
+  const auto digits = std::find_if(drawing.texts.begin(), drawing.texts.end(),
+                                   [](const auto& run) { return run.text == "12"; });
+  ASSERT_NE(digits, drawing.texts.end());
+  int top = 0;
+  for (const Rectangle& bar : drawing.rectangles) {
+    if (bar.left > digits->anchor.x) top = std::max(top, bar.top);
+  }
+  EXPECT_NEAR(digits->anchor.y, top + 400, kRounding);
 }
