@@ -83,7 +83,7 @@ BCResult BCSetTextA(BCBarcode* b, const char* data, int length) {
   return Apply(b, [&](Options& options) {
     if (length < 0 || (!data && length > 0)) Reject();
     if (length > kMaxDataBytes) throw Error(BC_E_DATATOOLONG);
-    options.data = data ? std::string(data, static_cast<std::size_t>(length)) : std::string();
+    options.data.assign(data ? data : "", static_cast<std::size_t>(data ? length : 0));
   });
 }
 

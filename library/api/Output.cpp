@@ -42,10 +42,13 @@ Box SizeIn(const BCBarcode& barcode, const BCRect& rect) {
   return MeasureSymbol(*barcode.symbol, barcode.options, rect);
 }
 
+using LayOutOne = Drawing (*)(const Symbol&, const Options&, const BCRect&);
+
 // A grid has the rows and columns that the layout query found; a grid that has grown keeps them.
-Drawing DrawingIn(const BCBarcode& barcode, const Options& options, const BCRect& rect) {
+Drawing DrawingIn(const BCBarcode& barcode, const Options& options, const BCRect& rect,
+                  LayOutOne layOut) {
   RequireCreated(barcode);
-  if (!options.grid.enabled) return LayOut(*barcode.symbol, options, rect);
+  if (!options.grid.enabled) return layOut(*barcode.symbol, options, rect);
   const auto& [symbols, shape] = *barcode.grid;
   return LayOutGrid(symbols, options, shape ? *shape : PlanFor(barcode, rect).shape, rect);
 }
@@ -66,8 +69,9 @@ std::string WarningOf(const Drawing& drawing, const Options& options) {
          millimetres(std::ceil(neededWidth)) + " would do.";
 }
 
-Drawing DrawingWithWarning(BCBarcode& barcode, const Options& options, const BCRect& rect) {
-  Drawing drawing = DrawingIn(barcode, options, rect);
+Drawing DrawingWithWarning(BCBarcode& barcode, const Options& options, const BCRect& rect,
+                           LayOutOne layOut = LayOut) {
+  Drawing drawing = DrawingIn(barcode, options, rect, layOut);
   barcode.warning = WarningOf(drawing, options);
   return drawing;
 }
@@ -118,12 +122,14 @@ std::string PclIn(BCBarcode& barcode, const BCRect& rect, bool relative) {
 }
 
 std::string Written(BCBarcode& barcode, const BCRect& rect, Language language) {
-  const auto drawing = [&] { return DrawingWithWarning(barcode, barcode.options, rect); };
+  const auto drawing = [&](LayOutOne layOut = LayOut) {
+    return DrawingWithWarning(barcode, barcode.options, rect, layOut);
+  };
   switch (language) {
     case Language::kPostScript:
-      return PostScriptWriter(false).write(drawing());
+      return PostScriptWriter(false).write(drawing(LayOutFields));
     case Language::kEps:
-      return PostScriptWriter(true).write(drawing());
+      return PostScriptWriter(true).write(drawing(LayOutFields));
     case Language::kPcl:
       return PclIn(barcode, rect, false);
     case Language::kPclAtCursor:

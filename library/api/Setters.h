@@ -78,24 +78,33 @@ BCResult Arrange(BCBarcode* handle, Change&& change) noexcept {
   });
 }
 
+// Options as a new object has them.
+template <class Group>
+const Group& Standard() {
+  static const Group standard;
+  return standard;
+}
+
 template <class Member, class Value, class Check>
 BCResult Set(BCBarcode* handle, Member LayoutOptions::*member, Value value, Check check) noexcept {
   return Arrange(handle, [&](LayoutOptions& layout) {
-    layout.*member = check(value, LayoutOptions{}.*member);
+    layout.*member = check(value, Standard<LayoutOptions>().*member);
   });
 }
 
 template <class Member, class Value, class Check>
 BCResult Set(BCBarcode* handle, Member Options::*member, Value value, Check check) noexcept {
-  return Apply(handle,
-               [&](Options& options) { options.*member = check(value, Options{}.*member); });
+  return Apply(handle, [&](Options& options) {
+    options.*member = check(value, Standard<Options>().*member);
+  });
 }
 
 template <class Group, class Member, class Value, class Check>
 BCResult Set(BCBarcode* handle, Group Options::*group, Member Group::*member, Value value,
              Check check) noexcept {
-  return Apply(handle,
-               [&](Options& options) { options.*group.*member = check(value, Group{}.*member); });
+  return Apply(handle, [&](Options& options) {
+    options.*group.*member = check(value, Standard<Group>().*member);
+  });
 }
 
 }  // namespace Library

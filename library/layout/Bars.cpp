@@ -6,6 +6,7 @@
 #include "library/layout/Units.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace Library {
 namespace {
@@ -16,21 +17,28 @@ constexpr double kLeastElement = 0.25;
 // Joins the bars of a row with those that end where it begins.
 class Stack {
  public:
-  // `row`: from left to right.
-  void add(const std::vector<Bar>& row) {
-    std::vector<std::size_t> next;
-    auto open = lowest.begin();
-    for (const Bar& bar : row) {
-      while (open != lowest.end() && bars[*open].left < bar.left) ++open;
-      if (open != lowest.end() && continues(bars[*open], bar)) {
-        bars[*open].bottom = bar.bottom;
-        next.push_back(*open);
-      } else {
-        next.push_back(bars.size());
-        bars.push_back(bar);
-      }
+  explicit Stack(const Symbol& symbol) {
+    std::size_t most = 0;
+    for (const SymbolRow& row : symbol.rows) most += row.runs.size() / 2 + 1;
+    bars.reserve(most);
+  }
+
+  void beginRow() {
+    lowest.swap(added);
+    added.clear();
+    open = lowest.begin();
+  }
+
+  // From left to right.
+  void add(const Bar& bar) {
+    while (open != lowest.end() && bars[*open].left < bar.left) ++open;
+    if (open != lowest.end() && continues(bars[*open], bar)) {
+      bars[*open].bottom = bar.bottom;
+      added.push_back(*open);
+    } else {
+      added.push_back(bars.size());
+      bars.push_back(bar);
     }
-    lowest = std::move(next);
   }
 
   std::vector<Bar> bars;
@@ -40,28 +48,71 @@ class Stack {
     return upper.left == lower.left && upper.right == lower.right && upper.bottom == lower.top;
   }
 
-  std::vector<std::size_t> lowest;  // the bars of the last row
+  std::vector<std::size_t> lowest, added;  // the bars of the last row and of this one
+  std::vector<std::size_t>::const_iterator open;
 };
 
 bool IsInside(int module, const ModuleSpan& span) {
   return module >= span.from && module < span.to;
 }
 
-std::vector<Bar> LayOutMatrix(const Symbol& symbol, double reduction, const Measures& m) {
-  const ModuleGrid grid = ModuleGrid(symbol).narrowed(reduction / m.module);
-  Stack stack;
-  for (std::size_t row = 0; row < grid.rows(); ++row) {
-    std::vector<Bar> bars;
-    for (const ModuleGrid::Run& run : grid.runs(row)) {
-      bars.push_back({m.left + run.from * m.module, m.top - grid.bottomOf(row) * m.module,
-                      m.left + run.to * m.module, m.top - grid.topOf(row) * m.module});
+std::vector<Bar> LayOutModules(const Symbol& symbol, const Measures& m) {
+  Stack stack(symbol);
+  double row = 0;
+  for (const SymbolRow& modules : symbol.rows) {
+    const double top = m.top - row * m.module, bottom = m.top - ++row * m.module;
+    stack.beginRow();
+    int column = 0;
+    bool dark = true;
+    for (const int run : modules.runs) {
+      if (dark && run > 0) {
+        stack.add({m.left + column * m.module, bottom, m.left + (column + run) * m.module, top});
+      }
+      column += run;
+      dark = !dark;
     }
-    stack.add(bars);
   }
   return std::move(stack.bars);
 }
 
+std::vector<Bar> LayOutNarrowed(const Symbol& symbol, double reduction, const Measures& m) {
+  const ModuleGrid grid = ModuleGrid(symbol).narrowed(reduction / m.module);
+  Stack stack(symbol);
+  for (std::size_t row = 0; row < grid.rows(); ++row) {
+    stack.beginRow();
+    for (const ModuleGrid::Run& run : grid.runs(row)) {
+      stack.add({m.left + run.from * m.module, m.top - grid.bottomOf(row) * m.module,
+                 m.left + run.to * m.module, m.top - grid.topOf(row) * m.module});
+    }
+  }
+  return std::move(stack.bars);
+}
+
+// Calls draw(row, bar) for each bar as it is before any are joined, row by row.
+template <class Draw>
+void ForEachBar(const Symbol& symbol, const Options& options, const Measures& m, Draw&& draw) {
+  const ElementWidths widths(symbol, options.ratio);
+  const double half = BarReduction(options, widths.narrowBar(), m.module) / 2;
+  const bool alike = !HasUnequalBars(symbol);
+  double top = m.top;
+  for (std::size_t row = 0; row < symbol.rows.size(); ++row) {
+    const bool last = row + 1 == symbol.rows.size();
+    const double bottom = last ? m.bottom : top - m.rowHeights[row];
+    Columns(symbol.rows[row], symbol.width, widths).forEachBar([&](const Columns::Bar& column) {
+      BarEnds ends = {bottom, top};
+      if (last && !alike) ends = LastRowEnds(symbol, m, column.firstModule, ends);
+      draw(row, Bar{m.left + column.left * m.module + half, ends.bottom,
+                    m.left + column.right * m.module - half, ends.top});
+    });
+    top = bottom;
+  }
+}
+
 }  // namespace
+
+bool HasUnequalBars(const Symbol& symbol) {
+  return symbol.addOn.to > symbol.addOn.from || !symbol.guards.empty();
+}
 
 BarEnds LastRowEnds(const Symbol& symbol, const Measures& m, int module, BarEnds row) {
   const bool addOn = IsInside(module, symbol.addOn);
@@ -81,26 +132,31 @@ double BarReduction(const Options& options, double narrowBar, double x) {
 }
 
 std::vector<Bar> LayOutBars(const Symbol& symbol, const Options& options, const Measures& m) {
-  const ElementWidths widths(symbol, options.ratio);
-  const double reduction = BarReduction(options, widths.narrowBar(), m.module);
-  if (symbol.geometry == Geometry::kMatrix) return LayOutMatrix(symbol, reduction, m);
-  Stack stack;
-  double top = m.top;
-  for (std::size_t row = 0; row < symbol.rows.size(); ++row) {
-    const bool last = row + 1 == symbol.rows.size();
-    const double bottom = last ? m.bottom : top - m.rowHeights[row];
-    std::vector<Bar> bars;
-    const Columns columns(symbol.rows[row], symbol.width, widths);
-    for (const Columns::Bar& column : columns.bars()) {
-      BarEnds ends = {bottom, top};
-      if (last) ends = LastRowEnds(symbol, m, column.firstModule, ends);
-      bars.push_back({m.left + column.left * m.module + reduction / 2, ends.bottom,
-                      m.left + column.right * m.module - reduction / 2, ends.top});
-    }
-    stack.add(bars);
-    top = bottom;
+  if (symbol.geometry == Geometry::kMatrix) {
+    const ElementWidths widths(symbol, options.ratio);
+    const double reduction = BarReduction(options, widths.narrowBar(), m.module);
+    return reduction == 0 ? LayOutModules(symbol, m) : LayOutNarrowed(symbol, reduction, m);
   }
+  Stack stack(symbol);
+  std::size_t current = symbol.rows.size();
+  ForEachBar(symbol, options, m, [&](std::size_t row, const Bar& bar) {
+    if (row != current) stack.beginRow();
+    current = row;
+    stack.add(bar);
+  });
   return std::move(stack.bars);
+}
+
+std::optional<Bar> BoundsOfBars(const Symbol& symbol, const Options& options, const Measures& m) {
+  constexpr double kFar = std::numeric_limits<double>::max();
+  Bar bounds = {kFar, kFar, -kFar, -kFar};
+  ForEachBar(symbol, options, m, [&bounds](std::size_t, const Bar& bar) {
+    bounds.left = std::min(bounds.left, bar.left);
+    bounds.bottom = std::min(bounds.bottom, bar.bottom);
+    bounds.right = std::max(bounds.right, bar.right);
+    bounds.top = std::max(bounds.top, bar.top);
+  });
+  return bounds.left == kFar ? std::nullopt : std::optional(bounds);
 }
 
 std::vector<Bar> LayOutBearerBars(const Measures& m) {

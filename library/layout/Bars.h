@@ -6,6 +6,7 @@
 #include "library/layout/Measure.h"
 #include "library/symbology/Symbol.h"
 
+#include <optional>
 #include <vector>
 
 namespace Library {
@@ -17,10 +18,15 @@ struct Bar {
 // Runs that lie under one another with the same edges become one bar.
 std::vector<Bar> LayOutBars(const Symbol& symbol, const Options& options, const Measures& measures);
 
+// What the bars of any but a matrix symbol cover; nothing where there are none.
+std::optional<Bar> BoundsOfBars(const Symbol& symbol, const Options& options,
+                                const Measures& measures);
+
 // Guard bars reach below the data bars; the bars of an add-on do so too and begin lower.
 struct BarEnds {
   double bottom, top;
 };
+bool HasUnequalBars(const Symbol& symbol);
 // Of the last row, at a module.
 BarEnds LastRowEnds(const Symbol& symbol, const Measures& measures, int module, BarEnds row);
 

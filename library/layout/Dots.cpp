@@ -296,8 +296,9 @@ ElementDots TwoWidthDots(const BarField& field, double dots) {
 
 Rectangle InField(const BarField& field, const Rectangle& r) {
   const Dot origin = {field.origin.x, field.origin.y};
-  return OnPage({r.left - origin.x, r.bottom - origin.y, r.right - origin.x, r.top - origin.y},
-                {0, 0}, (4 - field.rotation) % 4);
+  const Rectangle moved = {r.left - origin.x, r.bottom - origin.y, r.right - origin.x,
+                           r.top - origin.y};
+  return field.rotation == 0 ? moved : OnPage(moved, {0, 0}, (4 - field.rotation) % 4);
 }
 
 std::vector<Rectangle> RectanglesOnDots(const Drawing& drawing, double dpiX, double dpiY) {

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -25,6 +26,9 @@ struct Rectangle {
 struct Polygon {
   std::vector<Point> points;
 };
+
+// Order from top to bottom and from left to right, so that bars of one row follow each other.
+void SortRows(std::span<Rectangle> rectangles);
 
 // A filled circle with a circular hole.
 struct Ring {
@@ -90,7 +94,8 @@ struct Drawing {
   int colorMode = 0;  // 0 RGB, 1 grey, 2 CMYK
   Color background, barColor, fontColor;
   std::vector<Rectangle> rectangles;
-  std::vector<BarField> fields;  // in the order of their rectangles
+  std::vector<BarField> fields;      // in the order of their rectangles
+  std::optional<Rectangle> leftOut;  // what rectangles that are left out would cover
   std::vector<Polygon> polygons;
   std::vector<Ring> rings;
   std::vector<TextRun> texts;

@@ -74,17 +74,19 @@ ElementWidths::ElementWidths(const Symbol& symbol, std::string_view text) : rule
   if (rule == ElementRule::kNoRatio) return;
   if (text.empty()) {
     if (!IsOfTwoWidths(symbol)) return;
-    ratio = {1, kDefaultWide, 1};
-    if (rule == ElementRule::kTwoWidths) ratio.push_back(kDefaultWide);
+    ratio = {1, kDefaultWide, 1, kDefaultWide};
+    numbers = NumbersOf(rule);
   } else {
-    ratio = ParseRatio(text);
+    const std::vector<double> given = ParseRatio(text);
+    numbers = NumbersOf(rule);
+    if (given.size() != numbers) throw Error(BC_E_INVALIDARG);
+    std::copy(given.begin(), given.end(), ratio.begin());
   }
-  if (ratio.size() != NumbersOf(rule)) throw Error(BC_E_INVALIDARG);
   nominalWide = NominalWide(symbol);
 }
 
-double ElementWidths::of(int modules, bool bar) const {
-  if (ratio.empty() || modules == 0) return modules;
+double ElementWidths::byRatio(int modules, bool bar) const {
+  if (modules == 0) return modules;
   // Elements longer than the ratio has numbers for (a start bar of four modules) grow alike.
   const auto scaled = [modules](double width, int nominal) {
     return modules <= nominal ? width : width * modules / nominal;
@@ -104,39 +106,36 @@ double ElementWidths::of(int modules, bool bar) const {
 
 int ElementWidths::wideModules() const {
   const bool bars = rule == ElementRule::kTwoWidthBars;
-  if (ratio.empty() || (rule != ElementRule::kTwoWidths && !bars)) return 0;
+  if (areNominal() || (rule != ElementRule::kTwoWidths && !bars)) return 0;
   const bool alike = ratio[0] == 1 && ratio[2] == 1 && (bars || ratio[1] == ratio[3]);
   return alike ? nominalWide : 0;
 }
 
-Columns::Columns(const SymbolRow& row, int symbolWidth, const ElementWidths& widths) {
-  int module = 0;
+double Columns::width() const {
+  int reached = 0;
   double position = 0;
-  bool bar = true;
-  modules.push_back(0);
-  positions.push_back(0);
-  for (int run : row.runs) {
-    const double width = widths.of(run, bar);
-    if (bar && run > 0) barList.push_back({module, position, position + width});
-    module += run;
-    position += width;
-    modules.push_back(module);
-    positions.push_back(position);
-    bar = !bar;
+  bool dark = true;
+  for (const int run : row.runs) {
+    reached += run;
+    position += widths.of(run, dark);
+    dark = !dark;
   }
-  if (module < symbolWidth) {  // light modules at the end
-    modules.push_back(symbolWidth);
-    positions.push_back(position + symbolWidth - module);
-  }
+  return reached < modules ? position + modules - reached : position;  // light ones at the end
 }
 
 double Columns::at(int module) const {
-  if (module <= 0) return module;
-  if (module >= modules.back()) return positions.back() + module - modules.back();
-  const auto next = std::upper_bound(modules.begin(), modules.end(), module);
-  const auto i = static_cast<std::size_t>(next - modules.begin());
-  const double share = static_cast<double>(module - modules[i - 1]) / (modules[i] - modules[i - 1]);
-  return positions[i - 1] + share * (positions[i] - positions[i - 1]);
+  if (module <= 0 || widths.areNominal()) return module;
+  int reached = 0;
+  double position = 0;
+  bool dark = true;
+  for (const int run : row.runs) {
+    const double width = widths.of(run, dark);
+    if (module < reached + run) return position + width * (module - reached) / run;
+    reached += run;
+    position += width;
+    dark = !dark;
+  }
+  return position + module - reached;
 }
 
 }  // namespace Library

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
+#include <span>
 
 namespace Library {
 namespace {
@@ -17,24 +18,26 @@ constexpr int kMostModules = '~' - '0';
 constexpr int kMostRuns = 60;
 
 // The row's characters: of one run only where a gap stands between two.
-std::vector<int> CharactersOf(const SymbolRow& row) {
+std::span<const int> CharactersOf(const SymbolRow& row) {
   const auto runs = static_cast<int>(row.runs.size());
   const std::vector<int>& known = row.characters;
   const bool complete = std::accumulate(known.begin(), known.end(), 0) == runs;
-  return complete ? known : std::vector<int>();
+  return complete ? std::span(known) : std::span<const int>();
 }
 
-bool HasGaps(const std::vector<int>& characters) {
+bool HasGaps(std::span<const int> characters) {
   return characters.size() > 2 && characters[1] == 1;
 }
 
 class FieldBuilder {
  public:
   FieldBuilder(const Symbol& encoded, const Measures& measures, const ElementWidths& elementWidths)
-      : symbol(encoded), m(measures), widths(elementWidths), lowest(measures.bottom) {
-    const bool drops =
-        symbol.addOn.to > symbol.addOn.from || !symbol.guards.empty();  // below the other bars
-    if (drops) lowest -= m.guardDrop;
+      : symbol(encoded),
+        m(measures),
+        widths(elementWidths),
+        unequal(HasUnequalBars(encoded)),
+        lowest(measures.bottom) {
+    if (unequal) lowest -= m.guardDrop;
   }
 
   // The lower left corner.
@@ -48,6 +51,7 @@ class FieldBuilder {
     field.rule = wide != 0 ? BarField::Rule::kTwoWidths : BarField::Rule::kCharacters;
     field.wide = wide != 0 ? widths.wide() : 0;
     double top = m.top;
+    field.bars.reserve(symbol.rows.size());
     for (std::size_t row = 0; row < symbol.rows.size(); ++row) {
       const bool last = row + 1 == symbol.rows.size();
       const double bottom = last ? m.bottom : top - m.rowHeights[row];
@@ -62,32 +66,44 @@ class FieldBuilder {
   }
 
  private:
+  // From the lowest end of all.
+  struct Ends {
+    std::int32_t bottom, top;
+  };
+  Ends endsOf(const BarEnds& ends) const {
+    return {static_cast<std::int32_t>(std::lround(ends.bottom - lowest)),
+            static_cast<std::int32_t>(std::lround(ends.top - lowest))};
+  }
+
   bool addRow(const SymbolRow& row, bool last, BarEnds ends, BarRow& bars) const {
-    std::vector<int> characters = CharactersOf(row);
+    std::span<const int> characters = CharactersOf(row);
     const bool twoWidths = widths.wideModules() != 0;
     // Without gaps all elements of two widths go together.
-    if (twoWidths && !HasGaps(characters)) characters = {static_cast<int>(row.runs.size())};
+    const auto all = static_cast<int>(row.runs.size());
+    if (twoWidths && !HasGaps(characters)) characters = std::span(&all, 1);
     if (characters.empty()) return false;
+    bars.parts.reserve(characters.size());
+    const Ends whole = endsOf(ends);
     std::size_t run = 0;
     int module = 0;
     bool dark = true;
     for (const int count : characters) {
       BarPart part;
       const int first = module;
-      for (int i = 0; i < count; ++i, ++run, dark = !dark) {
-        const int modules = row.runs[run];
-        if (modules == 0 && run == 0) {
-          bars.beginsDark = false;
-          continue;
-        }
-        if (!append(modules, twoWidths, part)) return false;
+      const std::span<const int> runs = std::span(row.runs).subspan(run, std::size_t(count));
+      const bool light = run == 0 && count > 0 && runs.front() == 0;
+      if (light) bars.beginsDark = false;
+      if (!setWidths(light ? runs.subspan(1) : runs, twoWidths, part)) return false;
+      for (const int modules : runs) {
         part.advance += widths.of(modules, dark);
         module += modules;
+        dark = !dark;
       }
+      run += runs.size();
       if (!twoWidths && part.widths.size() > kMostRuns) return false;
-      const BarEnds own = last ? LastRowEnds(symbol, m, first, ends) : ends;
-      part.bottom = static_cast<std::int32_t>(std::lround(own.bottom - lowest));
-      part.top = static_cast<std::int32_t>(std::lround(own.top - lowest));
+      const Ends own = last && unequal ? endsOf(LastRowEnds(symbol, m, first, ends)) : whole;
+      part.bottom = own.bottom;
+      part.top = own.top;
       // A gap belongs to the character in front of it.
       if (twoWidths && count == 1 && !bars.parts.empty()) {
         bars.parts.back().advance += part.advance;
@@ -98,16 +114,22 @@ class FieldBuilder {
     return true;
   }
 
-  bool append(int modules, bool twoWidths, BarPart& part) const {
-    if (modules <= 0 || modules > kMostModules) return false;
-    if (twoWidths && modules != 1 && modules != widths.wideModules()) return false;
-    part.widths += static_cast<char>('0' + (twoWidths ? 1 + (modules > 1) : modules));
+  bool setWidths(std::span<const int> runs, bool twoWidths, BarPart& part) const {
+    const int wide = widths.wideModules();
+    part.widths.resize(runs.size());
+    char* next = part.widths.data();
+    for (const int modules : runs) {
+      if (modules <= 0 || modules > kMostModules) return false;
+      if (twoWidths && modules != 1 && modules != wide) return false;
+      *next++ = static_cast<char>('0' + (twoWidths ? 1 + (modules > 1) : modules));
+    }
     return true;
   }
 
   const Symbol& symbol;
   const Measures& m;
   const ElementWidths& widths;
+  bool unequal;
   double lowest;
 };
 

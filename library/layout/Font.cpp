@@ -102,6 +102,7 @@ double Font::ascentOf(std::string_view text) const {
 }
 
 Font FindFont(std::string_view name) {
+  if (name.empty() || name == kHelvetica.regular.name) return MakeFont(kHelvetica, false, false);
   if (std::optional<std::string> letters = LettersOf(name)) {
     const bool bold = TakeOff(*letters, "bold");
     const bool italic = TakeOff(*letters, "italic") || TakeOff(*letters, "oblique");

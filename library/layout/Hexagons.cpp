@@ -65,13 +65,13 @@ void DrawHexagons(const Symbol& symbol, const Options& options, const Measures& 
   for (int row = 0; row < static_cast<int>(symbol.rows.size()); ++row) {
     const Columns modules(symbol.rows[static_cast<std::size_t>(row)], symbol.width, widths);
     const double shift = row % 2 == 0 ? 0.5 : 1;
-    for (const Columns::Bar& run : modules.bars()) {
+    modules.forEachBar([&](const Columns::Bar& run) {
       for (double column = run.left; column < run.right; ++column) {
         const Point centre = placement.point(grid.x(column + shift), grid.y(row));
         Polygon& hexagon = drawing.polygons.emplace_back();
         for (const Point& c : corners) hexagon.points.push_back({centre.x + c.x, centre.y + c.y});
       }
-    }
+    });
   }
   const Point centre = placement.point(grid.x(kBullseyeColumn), grid.y(kBullseyeRow));
   const double scale = m.module / kNominalPitch;

@@ -51,13 +51,49 @@ double WithoutNoise(double length) {
   return std::round(length * kSteps) / kSteps;
 }
 
-// From top to bottom and from left to right, so that bars of one row follow each other.
-void SortRows(std::span<Rectangle> rectangles) {
-  std::sort(rectangles.begin(), rectangles.end(), [](const Rectangle& a, const Rectangle& b) {
-    return std::tie(b.top, b.bottom, a.left) < std::tie(a.top, a.bottom, b.left);
-  });
-}
+enum class Shapes { kAll, kFields };
 
+Drawing Draw(const Symbol& symbol, const Options& options, const BCRect& rectangle, Shapes shapes) {
+  const Box box = Turned(SizeOf(rectangle), options.rotation);
+  const Measures m = MeasureChecked(symbol, options, box);
+  const Placement placement = Place(m, options, rectangle);
+  Drawing drawing;
+  drawing.box = placement.rectangle(0, 0, m.width, m.height);
+  drawing.opaqueBackground = options.backgroundMode == 2;
+  drawing.colorMode = options.colorMode;
+  drawing.background = options.background;
+  drawing.barColor = options.barcodeColor;
+  drawing.fontColor = options.fontColor;
+  // Bars that are widened, not narrowed, stop at the edge of the box.
+  const auto placed = [&](const Bar& b) {
+    return placement.rectangle(std::max(b.left, 0.0), std::max(b.bottom, 0.0),
+                               std::min(b.right, m.width), std::min(b.top, m.height));
+  };
+  const auto add = [&](const std::vector<Bar>& bars) {
+    drawing.rectangles.reserve(drawing.rectangles.size() + bars.size());
+    for (const Bar& b : bars) drawing.rectangles.push_back(placed(b));
+  };
+  if (symbol.geometry == Geometry::kHexagonal) {
+    DrawHexagons(symbol, options, m, placement, drawing);
+  } else if (symbol.geometry == Geometry::kDots) {
+    DrawRoundDots(symbol, options, m, placement, drawing);
+  } else {
+    BarField field = LayOutField(symbol, options, m, placement);
+    if (shapes == Shapes::kAll || field.bars.empty()) {
+      add(LayOutBars(symbol, options, m));
+    } else if (const std::optional<Bar> bounds = BoundsOfBars(symbol, options, m)) {
+      drawing.leftOut = placed(*bounds);
+    }
+    field.count = drawing.rectangles.size();
+    add(LayOutBearerBars(m));
+    field.bearers = drawing.rectangles.size() - field.count;
+    SortRows(std::span(drawing.rectangles).first(field.count));
+    drawing.fields.push_back(std::move(field));
+  }
+  DrawText(symbol, options, m, placement, drawing);
+  if (m.neededModule > 0) drawing.tooSmall = {m.module, m.neededWidth};
+  return drawing;
+}
 }  // namespace
 
 Box SizeOf(const BCRect& rectangle) {
@@ -72,40 +108,11 @@ Box MeasureSymbol(const Symbol& symbol, const Options& options, const BCRect& re
 }
 
 Drawing LayOut(const Symbol& symbol, const Options& options, const BCRect& rectangle) {
-  const Box box = Turned(SizeOf(rectangle), options.rotation);
-  const Measures m = MeasureChecked(symbol, options, box);
-  const Placement placement = Place(m, options, rectangle);
-  Drawing drawing;
-  drawing.box = placement.rectangle(0, 0, m.width, m.height);
-  drawing.opaqueBackground = options.backgroundMode == 2;
-  drawing.colorMode = options.colorMode;
-  drawing.background = options.background;
-  drawing.barColor = options.barcodeColor;
-  drawing.fontColor = options.fontColor;
-  // Bars that are widened, not narrowed, stop at the edge of the box.
-  const auto add = [&](const std::vector<Bar>& bars) {
-    for (const Bar& b : bars) {
-      drawing.rectangles.push_back(
-          placement.rectangle(std::max(b.left, 0.0), std::max(b.bottom, 0.0),
-                              std::min(b.right, m.width), std::min(b.top, m.height)));
-    }
-  };
-  if (symbol.geometry == Geometry::kHexagonal) {
-    DrawHexagons(symbol, options, m, placement, drawing);
-  } else if (symbol.geometry == Geometry::kDots) {
-    DrawRoundDots(symbol, options, m, placement, drawing);
-  } else {
-    BarField field = LayOutField(symbol, options, m, placement);
-    add(LayOutBars(symbol, options, m));
-    field.count = drawing.rectangles.size();
-    add(LayOutBearerBars(m));
-    field.bearers = drawing.rectangles.size() - field.count;
-    SortRows(std::span(drawing.rectangles).first(field.count));
-    drawing.fields.push_back(std::move(field));
-  }
-  DrawText(symbol, options, m, placement, drawing);
-  if (m.neededModule > 0) drawing.tooSmall = {m.module, m.neededWidth};
-  return drawing;
+  return Draw(symbol, options, rectangle, Shapes::kAll);
+}
+
+Drawing LayOutFields(const Symbol& symbol, const Options& options, const BCRect& rectangle) {
+  return Draw(symbol, options, rectangle, Shapes::kFields);
 }
 
 }  // namespace Library

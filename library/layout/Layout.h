@@ -21,4 +21,7 @@ Box MeasureSymbol(const Symbol& symbol, const Options& options, const BCRect& re
 // A symbol that leaves room is centred when it was to fit, else it starts in the lower left corner.
 Drawing LayOut(const Symbol& symbol, const Options& options, const BCRect& rectangle);
 
+// The same without the rectangles of bars that stand in the drawing's field as characters.
+Drawing LayOutFields(const Symbol& symbol, const Options& options, const BCRect& rectangle);
+
 }  // namespace Library

@@ -40,23 +40,27 @@ constexpr double kLargestShare = 2.0 / 3;
 
 class Sizer {
  public:
-  Sizer(const Symbol& encoded, const Options& settings, const Box& room, double defaultPoints)
+  Sizer(const Symbol& encoded, const Options& settings, const Box& room)
       : symbol(encoded),
         options(settings),
         box(room),
         type(*FindSymbology(encoded.type)),
         mode(SizeModeOf(settings)),
-        outline(encoded, settings, PlanText(encoded, settings, defaultPoints)) {}
+        outline(encoded, settings, PlanText(encoded, settings, kDefaultPoints)) {}
 
-  Measures measure() const;
+  Measures measure();
 
  private:
+  Measures measureRows(double x) const;
+  double defaultPoints(const Measures& m) const;
   double chooseModule() const;
   double readableModule() const;
   double fitModule() const;
+  double widestFitting(double most) const;
   double minimalModule() const;
   bool fits(double module, double tolerance) const;
   double contentHeight(double module) const;
+  double leastHeight(double module) const;
 
   const Symbol& symbol;
   const Options& options;
@@ -78,10 +82,15 @@ double Sizer::contentHeight(double module) const {
                        : static_cast<double>(symbol.rows.size()));
 }
 
+// 0: any will do.
+double Sizer::leastHeight(double module) const {
+  return HasProportions(symbol.geometry) ? contentHeight(module)
+                                         : LeastRowsHeight(symbol, options, module);
+}
+
 bool Sizer::fits(double module, double tolerance) const {
   if (outline.width(module) > box.width + tolerance) return false;
-  const double least = HasProportions(symbol.geometry) ? contentHeight(module)
-                                                       : LeastRowsHeight(symbol, options, module);
+  const double least = leastHeight(module);
   return least <= 0 ||
          outline.below(module) + least + outline.above(module) <= box.height + tolerance;
 }
@@ -99,18 +108,36 @@ double NearDots(double ideal) {
   return std::max(dots, 1.0);
 }
 
+// Up to `most`, which does not fit, while 0 does. All grows with the module, mostly in proportion,
+// so that the end of a straight line from 0 to `most` is next to what is looked for.
+double Sizer::widestFitting(double most) const {
+  constexpr double kNext = 0x1p-46;
+  const auto share = [](double least, double largest, double room) {
+    return largest > room ? (room - least) / (largest - least) : 1;
+  };
+  const auto height = [this](double x) {
+    return outline.below(x) + leastHeight(x) + outline.above(x);
+  };
+  double part = share(outline.width(0), outline.width(most), box.width);
+  if (leastHeight(most) > 0) {
+    part = std::min(part, share(height(0), height(most), box.height));
+  }
+  double low = most * part * (1 - kNext), high = most * part * (1 + kNext);
+  if (!fits(low, 0)) low = 0;
+  if (fits(high, 0)) high = most;
+  for (int i = 0; i < 60; ++i) {
+    const double middle = (low + high) / 2;
+    if (middle == low || middle == high) break;
+    (fits(middle, 0) ? low : high) = middle;
+  }
+  return low;
+}
+
 // The largest module width that fits; 0: none, or not one whole dot.
 double Sizer::fitModule() const {
-  double low = 0, high = box.width / outline.modules();
   if (!fits(0, 0)) return 0;
-  if (fits(high, 0)) {
-    low = high;
-  } else {
-    for (int i = 0; i < 60; ++i) {
-      const double middle = (low + high) / 2;
-      (fits(middle, 0) ? low : high) = middle;
-    }
-  }
+  double low = box.width / outline.modules();
+  if (!fits(low, 0)) low = widestFitting(low);
   const double dot = DotOf(options);
   if (dot <= 0) return low;
   double dots = std::floor(low / dot);
@@ -153,9 +180,9 @@ double Sizer::readableModule() const {
   return std::max(kDecoderMinimum[options.decoder], dots);
 }
 
-Measures Sizer::measure() const {
+Measures Sizer::measureRows(double x) const {
   Measures m;
-  const double x = m.module = chooseModule();
+  m.module = x;
   m.width = outline.width(x);
   m.left = outline.left(x);
   m.right = m.left + outline.modules() * x;
@@ -170,6 +197,30 @@ Measures Sizer::measure() const {
     for (double height : m.rowHeights) m.top += height;
   }
   m.height = m.top + outline.above(x);
+  return m;
+}
+
+// The text grows with the symbol that it stands under.
+double Sizer::defaultPoints(const Measures& m) const {
+  if (outline.text().hasDigits) {
+    const int lines = outline.text().hasLine ? 2 : 1;
+    return std::min(kDefaultPoints * m.module / kNominalEanModule,
+                    kLargestShare * m.height / lines / kPoint);
+  }
+  if (m.right - m.left < kNarrow) return kSmallPoints;
+  if (symbol.geometry != Geometry::kLinear) return kDefaultPoints;
+  const double share = (m.top - m.bottom - kLowBars) / (kHighBars - kLowBars);
+  return std::round(kSmallPoints + std::clamp(share, 0.0, 1.0) * (kLargePoints - kSmallPoints));
+}
+
+Measures Sizer::measure() {
+  double x = chooseModule();
+  Measures m = measureRows(x);
+  if (outline.text().shown && options.fontHeight <= 0) {
+    outline.setTextSize(defaultPoints(m) * kPoint);
+    if (leastHeight(x) > 0) x = chooseModule();
+    m = measureRows(x);
+  }
   m.guardDrop = outline.guardDrop(x);
   m.bearer = outline.bearer(x);
   m.bearerType = outline.bearerType();
@@ -180,19 +231,6 @@ Measures Sizer::measure() const {
   }
   m.fits = m.width <= box.width + kBoxTolerance && m.height <= box.height + kBoxTolerance;
   return m;
-}
-
-// The text grows with the symbol that it stands under.
-double DefaultPoints(const Symbol& symbol, const Measures& m) {
-  if (m.text.hasDigits) {
-    const int lines = m.text.hasLine ? 2 : 1;
-    return std::min(kDefaultPoints * m.module / kNominalEanModule,
-                    kLargestShare * m.height / lines / kPoint);
-  }
-  if (m.right - m.left < kNarrow) return kSmallPoints;
-  if (symbol.geometry != Geometry::kLinear) return kDefaultPoints;
-  const double share = (m.top - m.bottom - kLowBars) / (kHighBars - kLowBars);
-  return std::round(kSmallPoints + std::clamp(share, 0.0, 1.0) * (kLargePoints - kSmallPoints));
 }
 
 }  // namespace
@@ -211,9 +249,7 @@ double DotOf(const Options& options, double dpi) {
 }
 
 Measures Measure(const Symbol& symbol, const Options& options, const Box& box) {
-  const Measures m = Sizer(symbol, options, box, kDefaultPoints).measure();
-  if (!m.text.shown || options.fontHeight > 0) return m;
-  return Sizer(symbol, options, box, DefaultPoints(symbol, m)).measure();
+  return Sizer(symbol, options, box).measure();
 }
 
 }  // namespace Library

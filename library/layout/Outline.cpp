@@ -63,6 +63,7 @@ Outline::Outline(const Symbol& symbol, const Options& settings, const TextPlan& 
 
 // How far bars that are made wider reach beyond their place, which they do on the outside, too.
 double Outline::widening(double x) const {
+  if (options.reduction >= 0) return 0;
   return std::max(-BarReduction(options, 1, x), 0.0) / 2;
 }
 

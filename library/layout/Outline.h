@@ -14,6 +14,7 @@ class Outline {
   Outline(const Symbol& symbol, const Options& settings, const TextPlan& textPlan);
 
   const TextPlan& text() const { return plan; }
+  void setTextSize(double size) { plan.size = size; }
   double modules() const { return columns; }  // width of the bars in X
   double width(double x) const { return left(x) + columns * x + right(x); }
   double left(double x) const { return side(options.quietZone.left, plan.modulesLeft, x); }

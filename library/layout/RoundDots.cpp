@@ -22,13 +22,12 @@ void DrawRoundDots(const Symbol& symbol, const Options& options, const Measures&
   const std::int32_t radius = placement.length(diameter / 2);
   double y = m.top - m.module / 2;
   for (const SymbolRow& row : symbol.rows) {
-    const Columns modules(row, symbol.width, widths);
-    for (const Columns::Bar& run : modules.bars()) {
+    Columns(row, symbol.width, widths).forEachBar([&](const Columns::Bar& run) {
       for (double column = run.left; column < run.right; ++column) {
         const double x = m.left + (column + 0.5) * m.module;
         drawing.rings.push_back({placement.point(x, y), radius, 0});
       }
-    }
+    });
     y -= m.module;
   }
 }

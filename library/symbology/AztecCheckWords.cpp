@@ -28,17 +28,12 @@ struct Tables {
 struct Field {
   const std::uint16_t* power;
   const std::uint16_t* logarithm;
-  unsigned order;
-
-  std::uint16_t product(std::uint16_t a, std::uint16_t b) const {
-    return a == 0 || b == 0 ? std::uint16_t{0} : power[logarithm[a] + logarithm[b]];
-  }
 };
 
 template <int bits, int polynomial>
 Field FieldOf() {
   static constexpr Tables<bits, polynomial> kTables;
-  return {kTables.power.data(), kTables.logarithm.data(), kTables.kOrder};
+  return {kTables.power.data(), kTables.logarithm.data()};
 }
 
 Field FieldFor(int wordBits) {
@@ -60,11 +55,11 @@ Field FieldFor(int wordBits) {
 std::vector<std::uint16_t> Generator(const Field& field, std::size_t degree) {
   std::vector<std::uint16_t> generator(degree);
   for (std::size_t root = 1; root <= degree; ++root) {
-    const std::uint16_t value = field.power[root];
     std::uint16_t before = 1;
     for (std::size_t i = 0; i < root; ++i) {
       const std::uint16_t old = generator[i];
-      generator[i] = old ^ field.product(before, value);
+      generator[i] =
+          old ^ (before == 0 ? std::uint16_t{0} : field.power[field.logarithm[before] + root]);
       before = old;
     }
   }
@@ -78,11 +73,15 @@ std::vector<std::uint16_t> AztecCheckWords(const std::vector<std::uint16_t>& dat
   const Field field = FieldFor(wordBits);
   const auto degree = static_cast<std::size_t>(count);
   const std::vector<std::uint16_t> generator = Generator(field, degree);
+  std::vector<std::uint16_t> logarithms(degree);
+  for (std::size_t i = 0; i < degree; ++i) logarithms[i] = field.logarithm[generator[i]];
   std::vector<std::uint16_t> remainder(degree + 1);  // a zero behind, which moves up
   for (const std::uint16_t word : data) {
     const std::uint16_t factor = word ^ remainder[0];
+    const std::uint16_t* const multiples = field.power + field.logarithm[factor];
     for (std::size_t i = 0; i < degree; ++i) {
-      remainder[i] = remainder[i + 1] ^ field.product(factor, generator[i]);
+      const bool zero = factor == 0 || generator[i] == 0;
+      remainder[i] = remainder[i + 1] ^ (zero ? std::uint16_t{0} : multiples[logarithms[i]]);
     }
   }
   remainder.pop_back();

@@ -32,6 +32,9 @@ constexpr int kFunction = 0;
 // 31 on.
 constexpr std::size_t kLongestShortRun = 31, kLongestRun = 31 + 2047;
 
+// Of a run without its bytes: the shift and the shorter length.
+constexpr int kLeastRunBits = 5 + 5;
+
 constexpr int CodeBits(std::size_t mode) {
   return mode == kDigit ? 4 : 5;
 }
@@ -198,13 +201,17 @@ class ShortestPath {
   // Latches may never cost more: with them there would be ways in circles.
   int slack(std::size_t place, bool isLatch) const {
     constexpr unsigned kPlaces = 3;
+    if (choice == 0) return -1;
     if ((choice >> place % kPlaces & 1) == 0) return -1;
     return isLatch ? 0 : static_cast<int>(choice >> kPlaces);
   }
 
   void latch(std::size_t place) {
+    // Two latches in a row are never shorter than the one that goes there at once.
+    const bool shorterOnly = place > 0 && slack(place, true) < 0;
     for (std::size_t from = 0; from < kModes; ++from) {
-      if (!at(place, from).reached()) continue;
+      const Step& step = at(place, from);
+      if (!step.reached() || (shorterOnly && step.taken == 0)) continue;
       for (std::size_t to = 0; to < kModes; ++to) {
         if (to != from) offer(place, from, to, kLatches[from][to], 0);
       }
@@ -269,6 +276,8 @@ class ShortestPath {
     const CheapestStart::Start* const start = starts.from(std::max(first, barrier));
     if (start == nullptr) return;
     const std::size_t length = place - start->place;
+    const int least = start->key + 8 * static_cast<int>(place) + kLeastRunBits;
+    if (least - slack(start->place, false) > at(place, mode).cost) return;
     const Code shift = Code{}.then(mode, kBinaryShift);
     const Code run = length <= kLongestShortRun
                          ? shift.then({5, static_cast<std::uint32_t>(length)})
@@ -283,6 +292,7 @@ class ShortestPath {
     }
     last = static_cast<AztecMode>(mode);
     std::vector<Step> way;
+    way.reserve(2 * end);
     for (std::size_t place = end; at(place, mode).cost != 0;) {
       const Step& step = at(place, mode);
       way.push_back(step);
@@ -302,7 +312,10 @@ class ShortestPath {
 };
 
 void Append(std::vector<std::uint8_t>& bits, const Code& code) {
-  for (int bit = code.bits; bit-- > 0;) bits.push_back(code.value >> bit & 1);
+  const auto count = static_cast<std::size_t>(code.bits);
+  bits.resize(bits.size() + count);
+  std::uint8_t* next = bits.data() + bits.size();
+  for (std::size_t bit = 0; bit < count; ++bit) *--next = code.value >> bit & 1;
 }
 
 void AppendDigits(std::vector<std::uint8_t>& bits, int number) {

@@ -157,12 +157,13 @@ void DrawLayers(Matrix& matrix, const AztecShape& shape, const Words& words) {
   for (int layer = 0; layer < shape.layers; ++layer) {
     const int outer = 2 * layer;
     const int length = axis.count() - 2 * outer - 2;
+    const int depths[] = {axis.distance(outer), axis.distance(outer + 1)};
     for (const int quarters : {3, 2, 1, 0}) {
       for (int along = length - 1; along >= 0; --along) {
-        for (const int depth : {0, 1}) {
+        const int place = axis.distance(outer + 2 + along);
+        for (const int depth : depths) {
           const bool dark = lightInFront-- <= 0 && bits.next();
-          matrix.setTurned(quarters, axis.distance(outer + 2 + along), axis.distance(outer + depth),
-                           dark);
+          matrix.setTurned(quarters, place, depth, dark);
         }
       }
     }

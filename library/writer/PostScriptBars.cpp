@@ -3,7 +3,6 @@
 #include "library/layout/Dots.h"
 
 #include <algorithm>
-#include <tuple>
 
 namespace Library {
 namespace {
@@ -114,7 +113,7 @@ void WriteProcedures(const Drawing& drawing, TextBuilder& out) {
   if (!first) return;
   if (!twoWidths && (first->wholeDots || first->mayShrink)) {
     const std::string_view when = first->wholeDots ? kIfAsked : kIfGain;
-    out.line(std::string(kWholeDotsBegin).append(when).append(kWholeDotsEnd));
+    out.line(kWholeDotsBegin, when, kWholeDotsEnd);
   } else if (!twoWidths) {
     out.line(kPlainDots);
   }
@@ -127,10 +126,9 @@ void WriteProcedures(const Drawing& drawing, TextBuilder& out) {
 // From top to bottom and from left to right.
 void WriteEdges(const BarField& field, std::span<const Rectangle> onPage, TextBuilder& out) {
   std::vector<Rectangle> rectangles;
+  rectangles.reserve(onPage.size());
   for (const Rectangle& r : onPage) rectangles.push_back(InField(field, r));
-  std::sort(rectangles.begin(), rectangles.end(), [](const Rectangle& a, const Rectangle& b) {
-    return std::tie(b.top, b.bottom, a.left) < std::tie(a.top, a.bottom, b.left);
-  });
+  SortRows(rectangles);
   const Rectangle* row = nullptr;
   std::int32_t right = 0;
   for (const Rectangle& r : rectangles) {
@@ -145,16 +143,33 @@ void WriteEdges(const BarField& field, std::span<const Rectangle> onPage, TextBu
 }
 
 // A long string goes on in the next line.
-std::string Quoted(std::string_view elements) {
-  constexpr std::size_t kLongest = 100;
-  std::string quoted = "(";
-  for (std::size_t i = 0; i < elements.size(); ++i) {
-    if (i > 0 && i % kLongest == 0) quoted += "\\\n";
-    if (elements[i] == '\\') quoted += '\\';
-    quoted += elements[i];
+class Quoted {
+ public:
+  void add(std::string_view elements) {
+    constexpr std::size_t kLongest = 100;
+    const bool plain = count / kLongest == (count + elements.size()) / kLongest &&
+                       elements.find('\\') == elements.npos;
+    if (plain && count % kLongest != 0) {
+      text += elements;
+      count += elements.size();
+      return;
+    }
+    for (const char element : elements) {
+      if (count > 0 && count % kLongest == 0) text += "\\\n";
+      if (element == '\\') text += '\\';
+      text += element;
+      ++count;
+    }
   }
-  return quoted + ")";
-}
+  std::string_view finish() {
+    text += ')';
+    return text;
+  }
+
+ private:
+  std::string text = "(";
+  std::size_t count = 0;  // of elements
+};
 
 bool SameEnds(const BarPart& a, const BarPart& b) {
   return a.bottom == b.bottom && a.top == b.top;
@@ -169,17 +184,19 @@ void WriteRow(const BarField& field, const BarRow& row, TextBuilder& out) {
     if (!last || !SameEnds(*last, *part)) out << part->bottom << part->top << "R";
     last = &*part;
     if (!characters) {
-      out << Quoted(part->widths) << part->advance << "Q";
+      Quoted one;
+      one.add(part->widths);
+      out << one.finish() << part->advance << "Q";
       ++part;
       continue;
     }
-    std::string alike;
+    Quoted alike;
     const std::size_t runs = part->widths.size();
     for (; part != row.parts.end() && part->widths.size() == runs && SameEnds(*last, *part);
          ++part) {
-      alike += part->widths;
+      alike.add(part->widths);
     }
-    out << Quoted(alike) << runs << "P";
+    out << alike.finish() << runs << "P";
   }
 }
 
@@ -228,7 +245,7 @@ void WriteOrigin(const Point& origin, TextBuilder& out) {
 }
 
 void WriteBars(const Drawing& drawing, const Point& origin, TextBuilder& out) {
-  if (drawing.rectangles.empty()) return;
+  if (drawing.rectangles.empty() && !drawing.leftOut) return;
   WriteProcedures(drawing, out);
   for (const BarField& field : drawing.fields) {
     WriteField(field, drawing.rectangles, origin, out);

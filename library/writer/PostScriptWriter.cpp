@@ -31,9 +31,14 @@ bool SameColor(const Color& a, const Color& b) {
 
 // Where the bars begin: they are what has to lie on whole dots.
 Point OriginOf(const Drawing& drawing) {
-  Point origin = {drawing.box.left, drawing.box.bottom};
-  if (drawing.rectangles.empty()) return origin;
-  origin = {drawing.box.right, drawing.box.top};
+  if (drawing.rectangles.empty() && !drawing.leftOut) {
+    return {drawing.box.left, drawing.box.bottom};
+  }
+  Point origin = {drawing.box.right, drawing.box.top};
+  if (drawing.leftOut) {
+    origin = {std::min(origin.x, drawing.leftOut->left),
+              std::min(origin.y, drawing.leftOut->bottom)};
+  }
   for (const Rectangle& r : drawing.rectangles) {
     origin = {std::min(origin.x, r.left), std::min(origin.y, r.bottom)};
   }

@@ -14,27 +14,29 @@ namespace Library {
 class TextBuilder {
  public:
   // Ends the line.
-  void line(std::string_view text) {
+  void line(std::convertible_to<std::string_view> auto... parts) {
     endLine();
-    append(text);
+    (append(parts), ...);
     endLine();
   }
 
   TextBuilder& operator<<(std::string_view word) {
-    if (!atLineStart()) {
-      const bool full = out.size() - lineStart + word.size() >= kLineLength;
-      append(full ? "\n" : " ");
-    }
+    separate(word.size());
     append(word);
     return *this;
   }
-  TextBuilder& operator<<(const char* word) { return *this << std::string_view(word); }
-  TextBuilder& operator<<(std::integral auto number) {
-    char digits[24];
-    const char* const end = std::to_chars(digits, digits + sizeof digits, number).ptr;
-    return *this << std::string_view(digits, end);
+  template <std::size_t size>
+  TextBuilder& operator<<(const char (&word)[size]) {
+    return *this << std::string_view(word, size - 1);
   }
-  TextBuilder& operator<<(double number) { return *this << decimal(number); }
+  TextBuilder& operator<<(std::integral auto number) {
+    return addNumber(kLongestInteger, [number](char* text) {
+      return std::to_chars(text, text + kLongestInteger, number).ptr;
+    });
+  }
+  TextBuilder& operator<<(double number) {
+    return addNumber(kLongestDecimal, [number](char* text) { return writeDecimal(text, number); });
+  }
   TextBuilder& operator<<(const Point& p) { return *this << p.x << p.y; }
 
   void endLine() {
@@ -43,30 +45,69 @@ class TextBuilder {
 
   std::string finish() {
     endLine();
+    out.resize(size);
     return std::move(out);
   }
 
   // At most 6 decimals, none of them a zero at the end.
   static std::string decimal(double number) {
-    char text[64];
-    std::string result(
-        text, std::to_chars(text, text + sizeof text, number, std::chars_format::fixed, 6).ptr);
-    result.erase(result.find_last_not_of('0') + 1);
-    if (result.back() == '.') result.pop_back();
-    return result == "-0" ? "0" : result;
+    char digits[kLongestDecimal];
+    return std::string(digits, writeDecimal(digits, number));
   }
 
  private:
   static constexpr std::size_t kLineLength = 100;
+  static constexpr std::size_t kLongestInteger = 24, kLongestDecimal = 330;
+
+  // The end of the text.
+  static char* writeDecimal(char* text, double number);
+
+  // write(text) puts the number at `text` and returns its end: where it is to stand if it does not
+  // begin the line.
+  template <class Write>
+  TextBuilder& addNumber(std::size_t longest, Write&& write) {
+    makeRoom(longest + 1);
+    char* const text = out.data() + size;
+    if (atLineStart()) {
+      size = static_cast<std::size_t>(write(text) - out.data());
+      return *this;
+    }
+    const auto end = static_cast<std::size_t>(write(text + 1) - out.data());
+    const bool full = end - 1 - lineStart >= kLineLength;
+    *text = full ? '\n' : ' ';
+    if (full) lineStart = size + 1;
+    size = end;
+    return *this;
+  }
+
+  // In front of a word so long.
+  void separate(std::size_t length) {
+    if (atLineStart()) return;
+    if (size - lineStart + length >= kLineLength) {
+      put("\n");
+      lineStart = size;
+    } else {
+      put(" ");
+    }
+  }
 
   void append(std::string_view text) {
+    put(text);
     const std::size_t end = text.rfind('\n');
-    if (end != text.npos) lineStart = out.size() + end + 1;
-    out += text;
+    if (end != text.npos) lineStart = size - text.size() + end + 1;
   }
-  bool atLineStart() const { return lineStart == out.size(); }
+  void makeRoom(std::size_t length) {
+    if (out.size() - size < length) out.resize(2 * (size + length));
+  }
+  void put(std::string_view text) {
+    makeRoom(text.size());
+    text.copy(out.data() + size, text.size());
+    size += text.size();
+  }
+  bool atLineStart() const { return lineStart == size; }
 
-  std::string out;
+  std::string out = std::string(4096, '\0');  // the text and room for more
+  std::size_t size = 0;                       // of the text
   std::size_t lineStart = 0;
 };
 
