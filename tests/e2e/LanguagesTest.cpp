@@ -32,17 +32,14 @@ constexpr Kind kKinds[] = {
     {"two widths", "barcode=8 data=CODE39 width=60 height=15", "CODE39"},
 };
 
-// A square page; places count from its upper left corner, or its lower one.
+// The program turns the box along with the barcode. A square page; places count from its upper left
+// corner, or its lower one.
 std::string Settings(const Kind& kind, int rotation, const std::string& more) {
   const std::string where = more.find("PCL") != more.npos || more.find("IMAGE") != more.npos
                                 ? " ypos=20"
                                 : " ypos=80 origin=top";
   std::string settings = std::string(kind.settings) + " xpos=20 pos=abs dpi=300 optimalwidth rot=" +
                          std::to_string(rotation * 90) + where + " " + more;
-  if (rotation % 2 == 0) return settings;
-  const std::size_t width = settings.find("width="), height = settings.find("height=");
-  std::swap(settings[width + 6], settings[height + 7]);
-  std::swap(settings[width + 7], settings[height + 8]);
   return settings;
 }
 
