@@ -25,10 +25,10 @@ constexpr double kGuardDropModules = 5;
 
 double ModulesAcross(const Symbol& symbol, std::string_view ratio) {
   const ElementWidths widths(symbol, ratio);
-  double modules = symbol.width;
-  if (widths.areNominal()) return modules;
+  if (widths.areNominal()) return symbol.width;
+  double modules = 0;
   for (const SymbolRow& row : symbol.rows) {
-    modules = Columns(row, symbol.width, widths).width();
+    modules = std::max(modules, Columns(row, symbol.width, widths).width());
   }
   return modules;
 }
