@@ -232,9 +232,14 @@ std::string NameOf(const testing::TestParamInfo<std::tuple<int, int>>& info) {
   std::replace(name.begin(), name.end(), ' ', '_');
   return name + "_" + std::to_string(std::get<1>(info.param) * 90);
 }
+#ifdef __SANITIZE_ADDRESS__
+constexpr int kRotations = 1;  // they take ten times as long
+#else
+constexpr int kRotations = 4;
+#endif
 INSTANTIATE_TEST_SUITE_P(Kinds, Languages,
                          testing::Combine(testing::Range(0, static_cast<int>(std::size(kKinds))),
-                                          testing::Range(0, 4)),
+                                          testing::Range(0, kRotations)),
                          NameOf);
 
 TEST(LanguagesSize, PclIsSmall) {
