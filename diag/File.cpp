@@ -13,14 +13,15 @@ FileContents Failed(ReadFailure failure, int error = 0) {
   return {{}, failure, error};
 }
 
-// Reads up to `limit` bytes, fewer only at the end of the file.
+// Reads up to `limit` bytes, fewer only at the end of the file. A configuration, read at each
+// start, mostly fits into the first block; each further one is as long as what has been read.
 FileContents ReadUpTo(int file, std::size_t limit) {
-  constexpr std::size_t kBlock = 65536;
+  constexpr std::size_t kFirstBlock = 4096;
   FileContents contents;
   std::string& bytes = contents.bytes;
   while (bytes.size() < limit) {
     const std::size_t before = bytes.size();
-    bytes.resize(before + std::min(kBlock, limit - before));
+    bytes.resize(before + std::min(std::max(kFirstBlock, before), limit - before));
     const ssize_t count = read(file, bytes.data() + before, bytes.size() - before);
     const int error = errno;
     bytes.resize(before + static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
