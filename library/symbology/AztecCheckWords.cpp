@@ -6,15 +6,16 @@
 namespace Library {
 namespace {
 
-// Powers of 2 and their logarithms in GF(2^bits), the powers twice so that the sum of two
-// logarithms is an index.
+// Powers of 2 and their logarithms in GF(2^bits). The sum of two logarithms is an index of the
+// powers: these stand there twice, and zeros behind them, where the logarithm of 0 leads to.
 template <int bits, int polynomial>
 struct Tables {
   static constexpr std::size_t kOrder = (1U << bits) - 1;
-  std::array<std::uint16_t, 2 * kOrder> power{};
+  std::array<std::uint16_t, 4 * kOrder + 1> power{};
   std::array<std::uint16_t, kOrder + 1> logarithm{};
 
   constexpr Tables() {
+    logarithm[0] = 2 * kOrder;
     unsigned value = 1;
     for (std::size_t i = 0; i < kOrder; ++i) {
       power[i] = power[i + kOrder] = static_cast<std::uint16_t>(value);
@@ -58,8 +59,7 @@ std::vector<std::uint16_t> Generator(const Field& field, std::size_t degree) {
     std::uint16_t before = 1;
     for (std::size_t i = 0; i < root; ++i) {
       const std::uint16_t old = generator[i];
-      generator[i] =
-          old ^ (before == 0 ? std::uint16_t{0} : field.power[field.logarithm[before] + root]);
+      generator[i] = old ^ field.power[field.logarithm[before] + root];
       before = old;
     }
   }
@@ -80,8 +80,7 @@ std::vector<std::uint16_t> AztecCheckWords(const std::vector<std::uint16_t>& dat
     const std::uint16_t factor = word ^ remainder[0];
     const std::uint16_t* const multiples = field.power + field.logarithm[factor];
     for (std::size_t i = 0; i < degree; ++i) {
-      const bool zero = factor == 0 || generator[i] == 0;
-      remainder[i] = remainder[i + 1] ^ (zero ? std::uint16_t{0} : multiples[logarithms[i]]);
+      remainder[i] = remainder[i + 1] ^ multiples[logarithms[i]];
     }
   }
   remainder.pop_back();

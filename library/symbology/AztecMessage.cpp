@@ -167,8 +167,9 @@ class ShortestPath {
   // The steps of the message from its begin on, and the mode at its end.
   std::vector<Step> run(AztecMode& last) {
     for (std::size_t place = 0; place <= end; ++place) {
-      endRuns(place);
+      // In this order few runs are worth a look: most cost more than text and a latch.
       latch(place);
+      if (endRuns(place)) latch(place);
       if (place == end) break;
       if (isByte(place)) {
         beginRuns(place);
@@ -188,13 +189,15 @@ class ShortestPath {
     return isByte(place) && (!content.binary || place < content.header);
   }
 
-  void offer(std::size_t place, std::size_t from, std::size_t to, const Code& code,
+  // Whether the step is taken up.
+  bool offer(std::size_t place, std::size_t from, std::size_t to, const Code& code,
              std::size_t taken, bool asRun = false) {
     const auto count = static_cast<int>(taken);
     const int cost = at(place, from).cost + code.bits + (asRun ? 8 * count : 0);
     Step& best = at(place + taken, to);
-    if (cost - slack(place, taken == 0) > best.cost) return;
+    if (cost - slack(place, taken == 0) > best.cost) return false;
     best = {cost, static_cast<std::uint16_t>(taken), static_cast<std::uint8_t>(from), asRun, code};
+    return true;
   }
 
   // What a way may cost more than the one before it and replace it; less than it where negative.
@@ -259,30 +262,33 @@ class ShortestPath {
     }
   }
 
-  void endRuns(std::size_t place) {
+  // Whether one of them is the cheapest way to a mode.
+  bool endRuns(std::size_t place) {
+    bool any = false;
     for (std::size_t mode = 0; mode < kBinaryModes; ++mode) {
       if (place > kLongestShortRun) {
         const std::size_t start = place - kLongestShortRun - 1;
         const int key = at(start, mode).cost - 8 * static_cast<int>(start);
         if (start >= barrier) longStarts[mode].add(start, key);
       }
-      endRun(place, mode, shortStarts[mode], kLongestShortRun);
-      endRun(place, mode, longStarts[mode], kLongestRun);
+      any |= endRun(place, mode, shortStarts[mode], kLongestShortRun);
+      any |= endRun(place, mode, longStarts[mode], kLongestRun);
     }
+    return any;
   }
 
-  void endRun(std::size_t place, std::size_t mode, CheapestStart& starts, std::size_t longest) {
+  bool endRun(std::size_t place, std::size_t mode, CheapestStart& starts, std::size_t longest) {
     const std::size_t first = place > longest ? place - longest : 0;
     const CheapestStart::Start* const start = starts.from(std::max(first, barrier));
-    if (start == nullptr) return;
+    if (start == nullptr) return false;
     const std::size_t length = place - start->place;
     const int least = start->key + 8 * static_cast<int>(place) + kLeastRunBits;
-    if (least - slack(start->place, false) > at(place, mode).cost) return;
+    if (least - slack(start->place, false) > at(place, mode).cost) return false;
     const Code shift = Code{}.then(mode, kBinaryShift);
     const Code run = length <= kLongestShortRun
                          ? shift.then({5, static_cast<std::uint32_t>(length)})
                          : shift.then({5 + 11, static_cast<std::uint32_t>(length - 31)});
-    offer(start->place, mode, mode, run, length, true);
+    return offer(start->place, mode, mode, run, length, true);
   }
 
   std::vector<Step> trace(AztecMode& last) {

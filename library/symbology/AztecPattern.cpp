@@ -41,11 +41,21 @@ class Matrix {
   }
 
   // Draws what stands above the centre on the side that `quarters` clockwise turns bring it to.
-  void setTurned(int quarters, int x, int y, bool dark) {
-    constexpr int kCosine[] = {1, 0, -1, 0}, kSine[] = {0, 1, 0, -1};
-    const int cosine = kCosine[quarters], sine = kSine[quarters];
-    set(x * cosine - y * sine, x * sine + y * cosine, dark);
-  }
+  class Side {
+   public:
+    Side(Matrix& matrix, int quarters) : origin(matrix.modules.data()) {
+      constexpr int kCosine[] = {1, 0, -1, 0}, kSine[] = {0, 1, 0, -1};
+      const int cosine = kCosine[quarters], sine = kSine[quarters];
+      origin += matrix.centre * (matrix.width + 1);
+      along = cosine + sine * matrix.width;
+      down = cosine * matrix.width - sine;
+    }
+    void set(int x, int y, bool dark) { origin[x * along + y * down] = dark; }
+
+   private:
+    std::uint8_t* origin;  // the centre
+    int along, down;       // from a module to the next one
+  };
 
   void copy(Symbol& symbol) const {
     symbol.width = width;
@@ -95,10 +105,11 @@ void DrawModeMessage(Matrix& matrix, bool compact, const Words& message) {
   Bits bits(message, 4);
   const int distance = compact ? 5 : 7;
   const int sideBits = compact ? 7 : 10;
-  for (int side = 0; side < 4; ++side) {
+  for (int quarters = 0; quarters < 4; ++quarters) {
+    Matrix::Side side(matrix, quarters);
     for (int i = 0; i < sideBits; ++i) {
       const int gap = !compact && i >= sideBits / 2 ? 1 : 0;  // the reference grid
-      matrix.setTurned(side, i - sideBits / 2 + gap, -distance, bits.next());
+      side.set(i - sideBits / 2 + gap, -distance, bits.next());
     }
   }
 }
@@ -159,11 +170,12 @@ void DrawLayers(Matrix& matrix, const AztecShape& shape, const Words& words) {
     const int length = axis.count() - 2 * outer - 2;
     const int depths[] = {axis.distance(outer), axis.distance(outer + 1)};
     for (const int quarters : {3, 2, 1, 0}) {
+      Matrix::Side side(matrix, quarters);
       for (int along = length - 1; along >= 0; --along) {
         const int place = axis.distance(outer + 2 + along);
         for (const int depth : depths) {
           const bool dark = lightInFront-- <= 0 && bits.next();
-          matrix.setTurned(quarters, place, depth, dark);
+          side.set(place, depth, dark);
         }
       }
     }
