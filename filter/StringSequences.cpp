@@ -100,15 +100,15 @@ ResultCode StringSequences::insertBarcode(std::uint64_t place) {
 
 // ---------------------------------------------------------------- sequences over several strings
 
-// The length of the string at an offset in the window; 0 for none.
+// The length of the string at an offset in the window; 0 for none, kNone for one that is too long.
 std::size_t StringSequences::stringSize(std::size_t offset) {
   StringScanner scanner(job.application.lineByLine ? job.lineEnd : '\0');
   while (true) {
     const std::string_view string = job.stream.peek(offset + 2).substr(offset);
     const std::size_t size = scanner.scan(string);
     if (size == StringScanner::kNoString) return 0;
-    if (size != kNone) return size <= kLongestString ? size : 0;
-    if (string.size() > kLongestString) return 0;
+    if (size != kNone) return size <= kLongestString ? size : kNone;
+    if (string.size() > kLongestString) return kNone;
     const std::size_t rest = string.starts_with('(') ? string.size() : 0;
     if (!job.stream.extend()) return rest;
   }
@@ -141,7 +141,10 @@ bool StringSequences::endFollows(std::size_t offset) {
       offset = commentEnd(offset);
     } else if (window.substr(offset).starts_with("<<")) {
       offset += 2;
-    } else if (const std::size_t size = stringSize(offset); size > 0) {
+    } else if (const std::size_t size = stringSize(offset); size == kNone) {
+      // Its parentheses are not tried one by one: each could go on for as long.
+      offset += kLongestString;
+    } else if (size > 0) {
       const std::string bytes = DecodeString(job.stream.peek(0).substr(offset, size));
       if (bytes.find(job.application.escapeEnd) != std::string::npos) return true;
       offset += size;

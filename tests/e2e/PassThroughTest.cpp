@@ -154,6 +154,20 @@ TEST(PassThrough, LeavesJobsCutAtAnyPlaceUnchanged) {
   }
 }
 
+// Each parenthesis may begin a string of its own: tried one by one they would take hours.
+TEST(PassThrough, ASequenceWithoutEndInFrontOfManyParenthesesEndsAsWell) {
+  const std::string begin = "%!PS\n($_vxrs) show\n", many(1200000, '(');
+  for (const std::string& job : {begin + many, begin + many + std::string(many.size(), ')')}) {
+    for (const char* const way : {"", "insert=beforeline", "insert=auto", "linebyline"}) {
+      SCOPED_TRACE(way);
+      ExpectUnchanged(
+          Filter(way), job,
+          "ERROR: vextorin: Error: A barcode will be missing: the sequence at byte 6 of "
+          "the job has no end.\n");
+    }
+  }
+}
+
 // A random mixture of everything that means something to a PostScript or PCL reader.
 std::string Torture(std::mt19937& random) {
   static const Lines kPieces = Join(
