@@ -95,9 +95,15 @@ void WriteRings(const std::vector<Ring>& rings, const Point& origin, TextBuilder
   }
 }
 
+// Jobs give operators names of a letter; `bind` would take those for our variables and procedures
+// of that name where ours are not defined yet. Hence all of them are.
+constexpr std::string_view kBegin =
+    "gsave 60 dict begin[65 97]{1 1 index 25 add{( )dup 0 4 -1 roll put cvn 0 def}for}forall\n"
+    "newpath 72 25400 div dup scale";
+
 void WriteDrawing(const Drawing& drawing, TextBuilder& out) {
   const Point origin = OriginOf(drawing);
-  out.line("gsave 60 dict begin newpath 72 25400 div dup scale");
+  out.line(kBegin);
   WriteOrigin(origin, out);
   if (drawing.opaqueBackground) {
     WriteColor(drawing.colorMode, drawing.background, out);

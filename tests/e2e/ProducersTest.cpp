@@ -38,6 +38,21 @@ std::string WordByWord(const std::string& text) {
   return job + "showpage\n";
 }
 
+// As printer drivers of Windows write it: operators under names of a letter, y downwards in dots,
+// every character with its width.
+std::string WindowsDriver(const std::string& text) {
+  std::string widths;
+  for (std::size_t i = 0; i < text.size(); ++i) widths += "45 ";
+  return "%!PS-Adobe-3.0\r\n%%Pages: (atend)\r\n%%EndComments\r\n%%BeginProlog\r\n"
+         "/Driver 90 dict dup begin/d/def load def/M/moveto load d/S/show load d/L/fill load "
+         "d/E/end\r\n"
+         "load d/n/exch load d/V/div load d/K/stroke load d/xS/xshow load d/b/bind load d end "
+         "def\r\n"
+         "%%EndProlog\r\n%%Page: 1 1\r\nDriver begin[72 600 V 0 0 -72 600 V 15 827]concat\r\n"
+         "/F0/Courier findfont[75 0 0 -75 0 0]makefont d F0 setfont\r\n400 1000 M (" +
+         text + ")[" + widths + "]xS\r\n400 2000 M (Second line)S\r\nshowpage E\r\n%%EOF\r\n";
+}
+
 // A picture of noise above the text.
 std::string Netpbm(const Lines& options, const std::string& text) {
   const std::string picture =
@@ -95,6 +110,7 @@ struct Producer {
 const Producer kProducers[] = {
     {"hand-written", HandWritten},
     {"word by word", WordByWord},
+    {"Windows", WindowsDriver},
     {"groff, Courier", [](Text text) { return Groff(".nf\n.ft CR\n", text); }},
     {"groff, Times", [](Text text) { return Groff(".nf\n", text); }},
     {"groff, centred", [](Text text) { return Groff(".nf\n.ce\n", text); }},

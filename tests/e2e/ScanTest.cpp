@@ -57,12 +57,15 @@ struct Row {
 constexpr int kLeft = 10, kBottom = 14;
 
 // What stands before the page, for boxes of that size; all in millimetres. TJ is what page
-// descriptions define.
+// descriptions define; letters are names of operators, as with the drivers of Windows.
 std::string PageSetup(int width, int height) {
   const auto points = [](int length) { return std::to_string(length * 720 / 254); };
   return "%!PS-Adobe-3.0\n%%EndComments\n<< /PageSize [" + points(2 * kLeft + width) + ' ' +
          points(2 * kBottom + height) +
          "] >> setpagedevice\n/Courier findfont 1 scalefont setfont\n"
+         "60 dict begin [65 97] { 1 1 index 25 add { ( ) dup 0 4 -1 roll put cvn /def load def } "
+         "for } "
+         "forall\n"
          "/TJ { { dup type /stringtype eq { show } { 1000 div neg 0 rmoveto } ifelse } forall } "
          "bind def\n";
 }
