@@ -171,9 +171,10 @@ std::size_t DataSection::closerAtEnd(std::string_view window, bool inputEnded) c
 std::size_t DataSection::takeCounted(std::string_view window, bool inputEnded) {
   std::size_t size = static_cast<std::size_t>(std::min<std::uint64_t>(remaining, window.size()));
   if (!closer.empty()) {
-    std::size_t found = window.find(closer);
-    while (found < size && !(found == 0 ? !midLine : IsLineEnd(window[found - 1]))) {
-      found = window.find(closer, found + 1);
+    const std::string_view reach = window.substr(0, size + closer.size());
+    std::size_t found = reach.find(closer);
+    while (found < size && !(found == 0 ? !midLine : IsLineEnd(reach[found - 1]))) {
+      found = reach.find(closer, found + 1);
     }
     if (found < size) return finishAt(found);
     size = std::min(size, window.size() - closerAtEnd(window, inputEnded));
