@@ -121,7 +121,6 @@ struct Options : LayoutOptions {
 
   int compositeType = 0;  // 0 none, 1 auto, 2 A, 3 B, 4 C
   int segmentsPerRow = -1;
-  int trackerHeight = 0;  // of DAFT, permille of the bars' full height, 0: 250
 
   Pdf417Options pdf417;
   MaxiOptions maxi;

@@ -1,6 +1,5 @@
 // Aztec Code (ISO/IEC 24778): what the options ask for, and the smallest symbol that gives it.
 #include "library/Error.h"
-#include "library/prepare/Gs1.h"
 #include "library/prepare/Hibc.h"
 #include "library/symbology/AztecMessage.h"
 #include "library/symbology/AztecPattern.h"
@@ -162,14 +161,9 @@ void EncodeAztec(const EncoderInput& input, Symbol& symbol) {
     if (input.options.eci != 0) throw Error(BC_E_NOTSUPPORTED);
     return DrawRune(input, symbol);
   }
-
-  if (!TakesGs1(input.symbology, input.options)) {
-    Draw(input.options, input.data, symbol);
-    return SetTextLine(symbol, PrintableText(input.data));
-  }
-  ElementString elements = ParseElementString(input.data, input.options.autoCorrect > 0);
-  Draw(input.options, elements.data, symbol);
-  SetTextLine(symbol, std::move(elements.text));
+  ElementString content = GivenContent(input);
+  Draw(input.options, content.data, symbol);
+  SetTextLine(symbol, std::move(content.text));
 }
 
 void EncodeHibcAztec(const EncoderInput& input, Symbol& symbol) {

@@ -2,7 +2,6 @@
 #include "library/symbology/Codablock.h"
 
 #include "library/Error.h"
-#include "library/prepare/Gs1.h"
 #include "library/prepare/Hibc.h"
 #include "library/symbology/Code128.h"
 #include "library/symbology/Encoders.h"
@@ -161,14 +160,9 @@ std::string Draw(const Data& given, const CodablockOptions& options, std::string
 }  // namespace
 
 void EncodeCodablockF(const EncoderInput& input, Symbol& symbol) {
-  const CodablockOptions& options = input.options.codablock;
-  if (!TakesGs1(input.symbology, input.options)) {
-    symbol.checkDigits = Draw(input.data, options, PrintableText(input.data), symbol);
-    return;
-  }
-  ElementString elements = ParseElementString(input.data, input.options.autoCorrect > 0);
-  elements.data.insert(elements.data.begin(), {kFnc1, -1});
-  symbol.checkDigits = Draw(elements.data, options, std::move(elements.text), symbol);
+  auto [data, text] = GivenContent(input);
+  if (TakesGs1(input.symbology, input.options)) data.insert(data.begin(), {kFnc1, -1});
+  symbol.checkDigits = Draw(data, input.options.codablock, std::move(text), symbol);
 }
 
 void EncodeHibcCodablockF(const EncoderInput& input, Symbol& symbol) {

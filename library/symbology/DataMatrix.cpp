@@ -1,6 +1,5 @@
 // Data Matrix ECC 200 (ISO/IEC 16022), and the standards that put their messages into one.
 #include "library/Error.h"
-#include "library/prepare/Gs1.h"
 #include "library/prepare/Hibc.h"
 #include "library/symbology/DataMatrixMessage.h"
 #include "library/symbology/DataMatrixPattern.h"
@@ -192,13 +191,9 @@ void Draw(const Options& options, const Data& data, Symbol& symbol) {
 }  // namespace
 
 void EncodeDataMatrix(const EncoderInput& input, Symbol& symbol) {
-  if (!TakesGs1(input.symbology, input.options)) {
-    Draw(input.options, input.data, symbol);
-    return SetTextLine(symbol, PrintableText(input.data));
-  }
-  ElementString elements = ParseElementString(input.data, input.options.autoCorrect > 0);
-  Draw(input.options, elements.data, symbol);
-  SetTextLine(symbol, std::move(elements.text));
+  ElementString content = GivenContent(input);
+  Draw(input.options, content.data, symbol);
+  SetTextLine(symbol, std::move(content.text));
 }
 
 void EncodeHibcDataMatrix(const EncoderInput& input, Symbol& symbol) {

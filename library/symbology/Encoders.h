@@ -2,6 +2,7 @@
 #pragma once
 
 #include "library/Options.h"
+#include "library/prepare/Gs1.h"
 #include "library/prepare/PreparedData.h"
 #include "library/symbology/Symbology.h"
 
@@ -76,6 +77,10 @@ void EncodeDaft(const EncoderInput& input, Symbol& symbol);
 void EncodeDotCode(const EncoderInput& input, Symbol& symbol);
 void EncodeHanXin(const EncoderInput& input, Symbol& symbol);
 void EncodeCodeOne(const EncoderInput& input, Symbol& symbol);
+
+// What the symbol holds and what it shows: element strings, parsed, where the options ask for them,
+// else the data as they are.
+ElementString GivenContent(const EncoderInput& input);
 
 // What a HIBC symbol holds, drawn by the encoder of the symbology that carries it.
 void EncodeHibc(const EncoderInput& input, Encoder carrier, Symbol& symbol);

@@ -112,17 +112,6 @@ struct Service {
   Complete complete = nullptr;  // null: the data as they are
 };
 
-// The height of all three rows stays.
-void SetTracker(int permille, Symbol& symbol) {
-  constexpr int kLeast = 50, kMost = 900;
-  if (permille == 0) return;
-  if (permille < kLeast || permille > kMost) throw Error(BC_E_INVALIDARG);
-  const double all = kDaftHeights[0] + kDaftHeights[1] + kDaftHeights[2];
-  const double tracker = all * permille / 1000;
-  symbol.rows[0].height = symbol.rows[2].height = (all - tracker) / 2;
-  symbol.rows[1].height = tracker;
-}
-
 void Draw(const Service& service, const EncoderInput& input, Symbol& symbol) {
   Message message{Bytes(input.data), {}, {}};
   message.text = message.data;
@@ -187,7 +176,6 @@ void EncodeMailmark(const EncoderInput& input, Symbol& symbol) {
 }
 void EncodeDaft(const EncoderInput& input, Symbol& symbol) {
   Draw({BARCODE_DAFT, kDaftHeights}, input, symbol);
-  SetTracker(input.options.trackerHeight, symbol);
 }
 
 }  // namespace Library

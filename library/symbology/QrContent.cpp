@@ -1,7 +1,6 @@
 #include "library/symbology/QrContent.h"
 
 #include "library/Error.h"
-#include "library/prepare/Gs1.h"
 #include "library/symbology/Encoders.h"
 
 #include <algorithm>
@@ -55,11 +54,8 @@ std::optional<std::uint32_t> IndicatorOf(const std::string& text) {
 
 QrData QrDataOf(const EncoderInput& input) {
   const bool marked = input.options.qr.format != kQrDefault;
-  if (!TakesGs1(input.symbology, input.options)) {
-    return {ContentOf(input.data, marked), PrintableText(input.data)};
-  }
-  ElementString elements = ParseElementString(input.data, input.options.autoCorrect > 0);
-  return {ContentOf(elements.data, marked), std::move(elements.text)};
+  ElementString content = GivenContent(input);
+  return {ContentOf(content.data, marked), std::move(content.text)};
 }
 
 bool IsQrAppended(const QrOptions& options) {

@@ -1,8 +1,6 @@
 #include "library/symbology/ZintSymbol.h"
 
 #include "library/Error.h"
-#include "library/prepare/Gs1.h"
-#include "library/symbology/Encoders.h"
 #include "library/symbology/ModuleRuns.h"
 
 #include <cstdint>
@@ -83,14 +81,6 @@ void SetAppend(ZintSymbol& symbol, int sum, int index, int maxSum) {
   symbol->structapp.index = index;
 }
 
-MatrixContent ContentOf(const EncoderInput& input) {
-  if (!TakesGs1(input.symbology, input.options))
-    return {Bytes(input.data), PrintableText(input.data), false};
-
-  ElementString elements = ParseElementString(input.data, input.options.autoCorrect > 0);
-  return {UncheckedElements(elements.data), std::move(elements.text), true};
-}
-
 std::string UncheckedElements(const Data& data) {
   // An empty pair of brackets stands for FNC1, the first for the mode.
   std::string elements = "[]";
@@ -100,10 +90,6 @@ std::string UncheckedElements(const Data& data) {
     if (character.value == kFnc1) elements += "[]";
   }
   return elements;
-}
-
-void SetInputMode(ZintSymbol& symbol, const MatrixContent& content) {
-  if (content.gs1) symbol->input_mode = GS1_MODE | GS1NOCHECK_MODE;
 }
 
 }  // namespace Library

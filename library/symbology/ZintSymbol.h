@@ -12,8 +12,6 @@
 
 namespace Library {
 
-struct EncoderInput;
-
 class ZintSymbol {
  public:
   explicit ZintSymbol(int symbology);  // libzint's number; bytes are encoded as they are
@@ -49,20 +47,7 @@ class ZintSymbol {
 // with BC_E_INVALIDARG unless 2 <= sum <= maxSum and 1 <= index <= sum.
 void SetAppend(ZintSymbol& symbol, int sum, int index, int maxSum);
 
-// The data of a matrix symbol and the text that is shown for them.
-struct MatrixContent {
-  std::string data;  // for libzint, in the input mode that goes with it
-  std::string text;
-  bool gs1 = false;
-};
-
-// Element strings are parsed and verified, other data are bytes.
-MatrixContent ContentOf(const EncoderInput& input);
-
 // Element strings as parsed, in the form that libzint takes unchecked.
 std::string UncheckedElements(const Data& data);
-
-// Switches libzint to element strings where the content is one.
-void SetInputMode(ZintSymbol& symbol, const MatrixContent& content);
 
 }  // namespace Library

@@ -185,9 +185,4 @@ TEST(PostalCodes, HaveTheSizesOfTheServices) {
     EXPECT_EQ(Heights(symbol), row.heights) << row.type;
     EXPECT_EQ(symbol.geometry, Library::Geometry::kFourState);
   }
-  Options options = OptionsFor(93, "DAFT");
-  options.trackerHeight = 500;
-  EXPECT_EQ(Heights(Library::Encode(options)), (std::vector<double>{2, 4, 2}));
-  options.trackerHeight = 901;
-  EXPECT_EQ(RefusalOf(options).code, BC_E_INVALIDARG);
 }
