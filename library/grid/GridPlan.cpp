@@ -135,7 +135,11 @@ class Planner {
 
   // With the cells that `sizing` has in the room.
   GridPlan fitted(const GridShape& shape, const GridShape& sizing) const {
-    return {true, shape, sizeOf(shape, LargestIn(symbols, options, cellIn(sizing)))};
+    // Boxes are whole thousandths; what is rounded up there would be a dot more here.
+    const Box cell = cellIn(sizing), largest = LargestIn(symbols, options, cell);
+    return {true, shape,
+            sizeOf(shape,
+                   {std::min(largest.width, cell.width), std::min(largest.height, cell.height)})};
   }
 
   // Rows and columns that are set may hold too few symbols.

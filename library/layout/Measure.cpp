@@ -84,8 +84,12 @@ double Sizer::contentHeight(double module) const {
 
 // 0: any will do.
 double Sizer::leastHeight(double module) const {
-  return HasProportions(symbol.geometry) ? contentHeight(module)
-                                         : LeastRowsHeight(symbol, options, module);
+  if (HasProportions(symbol.geometry)) return contentHeight(module);
+  const double rows = LeastRowsHeight(symbol, options, module);
+  // What lies round bars alone may grow with the module. Nothing helps where even text leaves no
+  // room.
+  if (rows > 0 || outline.below(0) + kLeastBarHeight + outline.above(0) > box.height) return rows;
+  return kLeastBarHeight;
 }
 
 bool Sizer::fits(double module, double tolerance) const {

@@ -10,9 +10,6 @@
 namespace Library {
 namespace {
 
-// Bars below this do not fit into the box: nobody sweeps a scanner along less.
-constexpr double kLeastBarHeight = 2 * kMillimetre;
-
 constexpr double kLogisticsMinimum = 6350, kLogisticsShare = 0.15;
 constexpr double kGeneralMinimum = 5 * kMillimetre;
 

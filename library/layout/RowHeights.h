@@ -3,11 +3,15 @@
 
 #include "library/Options.h"
 #include "library/layout/Measure.h"
+#include "library/layout/Units.h"
 #include "library/symbology/Symbol.h"
 
 #include <vector>
 
 namespace Library {
+
+// Bars below this do not fit into the box: nobody sweeps a scanner along less.
+inline constexpr double kLeastBarHeight = 2 * kMillimetre;
 
 struct RowSpace {
   double module;  // X

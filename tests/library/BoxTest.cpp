@@ -80,16 +80,20 @@ TEST(Boxes, HoldWhatIsToFit) {
                           {5000, 15000, 115000, 2000},
                           {0, 80000, 12000, 0},
                           {0, 60000, 300000, 0}};
-  const double reductions[] = {0, -45};
+  const struct {
+    double reduction, quietZone;  // percent, modules
+  } surroundings[] = {{0, 0}, {-45, 0}, {0, 10}};
   for (const auto& row : symbols) {
     for (const BCRect& box : boxes) {
-      for (const double reduction : reductions) {
+      for (const auto& [reduction, quiet] : surroundings) {
         SCOPED_TRACE(testing::Message() << row.type << ' ' << row.data << " in " << box.right << 'x'
-                                        << box.top << ", " << reduction);
+                                        << box.top << ", " << reduction << ", " << quiet);
         Options options = OptionsFor(row.type, row.data);
         options.compositeType = row.composite;
         options.sizeMode = 0;
         options.reduction = reduction;
+        options.quietZoneUnit = 5;
+        options.quietZone = {quiet, quiet, quiet, quiet};
         const Library::Symbol symbol = Library::Encode(options);
         const Drawing drawing = Library::LayOut(symbol, options, box);
         EXPECT_TRUE(Holds({box.left, box.bottom, box.right, box.top}, drawing.box));

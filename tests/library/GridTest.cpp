@@ -223,6 +223,26 @@ TEST(GridPlans, KeepQuietZonesWhereNoDistanceIsSet) {
   }
 }
 
+TEST(GridPlans, ThatFitTakeNoMoreThanTheRoom) {
+  int fitting = 0;
+  for (int i = 0; i < 600; ++i) {
+    Options options =
+        i % 2 == 0 ? GridOf(kEan13, "400638133393978014300723") : GridOf(kCode128, Text(12), 4);
+    options.rotation = i / 2 % 4;
+    options.optimalResolution = true;
+    options.dpiX = options.dpiY = i % 3 == 0 ? 203 : 600;
+    options.quietZoneUnit = 5;
+    options.quietZone = i % 5 == 0 ? BCMargins{1, 2, 3, 4} : BCMargins{0, 0, 0, 0};
+    const Box room = {20000.0 + i * 97, 62000.0 - i * 71};
+    const GridPlan plan = PlanGrid(EncodeParts(options), options, room);
+    if (!plan.fits) continue;
+    ++fitting;
+    EXPECT_LE(plan.size.width, room.width + 2) << i;
+    EXPECT_LE(plan.size.height, room.height + 2) << i;
+  }
+  EXPECT_GT(fitting, 300);
+}
+
 // Dark stretches of the shadow that everything throws on an axis. Columns and rows of these QR
 // Codes are nowhere light throughout, so each stretch is a column or a row of the grid.
 std::vector<std::pair<int, int>> Stretches(const Drawing& drawing, bool across) {
