@@ -54,7 +54,7 @@ struct AztecOptions {
   char appendSum = 'A', appendIndex = 'A';
 };
 
-// In a structured append of a symbology that has no options of its own for it.
+// In a structured append; symbologies with options of their own for it go by those.
 struct PlaceInMessage {
   int index = 1, count = 1;  // index from 1; count 1: alone
 };

@@ -2,10 +2,12 @@
 
 #include "library/Error.h"
 #include "library/prepare/Escapes.h"
+#include "library/prepare/Hibc.h"
 #include "library/symbology/Encode.h"
 #include "library/symbology/StructuredAppend.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace Library {
 namespace {
@@ -34,14 +36,25 @@ bool CanHold(const Options& options, std::string_view text) {
   });
 }
 
+void CompleteHibcMessage(const Options& options, Data& message) {
+  if (!options.format.empty()) throw Error(BC_E_NOTSUPPORTED);
+  for (const DataCharacter& character : message) {
+    const bool good =
+        character.isByte() && SymbologyOf(options).characters.contains(character.value);
+    if (!good) throw Error(BC_E_INVALIDDATA, DataIndex(character.source));
+  }
+  message = CompleteHibc(std::move(message), std::numeric_limits<int>::max()).data;
+}
+
 }  // namespace
 
-Append::Append(const Options& options, const Data& message)
+Append::Append(const Options& options, Data& message)
     : own(options.grid.structuredAppend == kOwn), format(options.format) {
   if (own && !CanHold(options, OwnHeader(1, 1))) throw Error(BC_E_NOTSUPPORTED);
   if (options.grid.structuredAppend != kStandard) return;
   standard = SymbologyOf(options).family.append;
   if (standard == nullptr) throw Error(BC_E_NOTSUPPORTED);
+  if (SymbologyOf(options).family.hibc) CompleteHibcMessage(options, message);
   const std::string bytes = Bytes(message);
   for (const char byte : bytes) parity ^= static_cast<std::uint8_t>(byte);
   id = HashOf(bytes);
@@ -53,7 +66,10 @@ int Append::maxSymbols() const {
 }
 
 void Append::mark(int index, int count, Options& settings, Data& part) const {
-  if (standard != nullptr && count > 1) standard->place(settings, {index, count, parity, id});
+  if (standard != nullptr && count > 1) {
+    settings.placeInMessage = {index, count};
+    if (standard->place != nullptr) standard->place(settings, {index, count, parity, id});
+  }
   if (!own) return;
   const std::string header = OwnHeader(index, count);
   if (format.empty()) {

@@ -17,9 +17,10 @@ struct StructuredAppend;
 
 class Append {
  public:
-  // Throws Error with BC_E_NOTSUPPORTED where the type has no structured append, or cannot hold the
-  // eight characters.
-  Append(const Options& options, const Data& message);
+  // The message gets what only the whole has: the plus sign and the check character of HIBC. Throws
+  // Error with BC_E_NOTSUPPORTED where the type has no structured append, or cannot hold the eight
+  // characters.
+  Append(const Options& options, Data& message);
 
   int maxSymbols() const;
 

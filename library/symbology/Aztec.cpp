@@ -1,6 +1,5 @@
 // Aztec Code (ISO/IEC 24778): what the options ask for, and the smallest symbol that gives it.
 #include "library/Error.h"
-#include "library/prepare/Hibc.h"
 #include "library/symbology/AztecMessage.h"
 #include "library/symbology/AztecPattern.h"
 #include "library/symbology/Encoders.h"
@@ -170,7 +169,7 @@ void EncodeHibcAztec(const EncoderInput& input, Symbol& symbol) {
   const AztecOptions& options = input.options.aztec;
   CheckOptions(options);
   if (options.format != kDefault || options.runes) throw Error(BC_E_NOTSUPPORTED);
-  HibcMessage message = CompleteHibc(input.data, input.symbology.maxLength);
+  HibcMessage message = HibcContent(input);
   Draw(input.options, message.data, symbol);
   symbol.checkDigits = std::move(message.check);
   SetTextLine(symbol, std::move(message.text));

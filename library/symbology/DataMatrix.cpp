@@ -1,6 +1,5 @@
 // Data Matrix ECC 200 (ISO/IEC 16022), and the standards that put their messages into one.
 #include "library/Error.h"
-#include "library/prepare/Hibc.h"
 #include "library/symbology/DataMatrixMessage.h"
 #include "library/symbology/DataMatrixPattern.h"
 #include "library/symbology/Encoders.h"
@@ -199,7 +198,7 @@ void EncodeDataMatrix(const EncoderInput& input, Symbol& symbol) {
 void EncodeHibcDataMatrix(const EncoderInput& input, Symbol& symbol) {
   const int format = input.options.dataMatrix.format;
   if (format == kGs1 || format == kIndustry) throw Error(BC_E_NOTSUPPORTED);
-  HibcMessage message = CompleteHibc(input.data, input.symbology.maxLength);
+  HibcMessage message = HibcContent(input);
   Draw(input.options, message.data, symbol);
   symbol.checkDigits = std::move(message.check);
   SetTextLine(symbol, std::move(message.text));

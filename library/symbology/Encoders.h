@@ -3,6 +3,7 @@
 
 #include "library/Options.h"
 #include "library/prepare/Gs1.h"
+#include "library/prepare/Hibc.h"
 #include "library/prepare/PreparedData.h"
 #include "library/symbology/Symbology.h"
 
@@ -81,6 +82,9 @@ void EncodeCodeOne(const EncoderInput& input, Symbol& symbol);
 // What the symbol holds and what it shows: element strings, parsed, where the options ask for them,
 // else the data as they are.
 ElementString GivenContent(const EncoderInput& input);
+
+// The message of a HIBC symbol; in a structured append the part of it that was given.
+HibcMessage HibcContent(const EncoderInput& input);
 
 // What a HIBC symbol holds, drawn by the encoder of the symbology that carries it.
 void EncodeHibc(const EncoderInput& input, Encoder carrier, Symbol& symbol);

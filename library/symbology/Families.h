@@ -137,10 +137,18 @@ constexpr Family kMicroPdf417 = {.geometry = G::kStacked,
                                  .takesGs1 = GsMicroPdf417,
                                  .setHeights = Pdf417Heights,
                                  .append = &kPdf417Append};
-constexpr Family kHibcMicroPdf417 = {
-    .geometry = G::kStacked, .rowHeight = 2, .eci = true, .setHeights = Pdf417Heights};
-constexpr Family kHibcPdf417 = {
-    .geometry = G::kStacked, .rowHeight = 3, .eci = true, .setHeights = Pdf417Heights};
+constexpr Family kHibcMicroPdf417 = {.geometry = G::kStacked,
+                                     .rowHeight = 2,
+                                     .eci = true,
+                                     .hibc = true,
+                                     .setHeights = Pdf417Heights,
+                                     .append = &kPdf417Append};
+constexpr Family kHibcPdf417 = {.geometry = G::kStacked,
+                                .rowHeight = 3,
+                                .eci = true,
+                                .hibc = true,
+                                .setHeights = Pdf417Heights,
+                                .append = &kPdf417Append};
 
 // Matrix symbols.
 constexpr Family kMatrix = {.geometry = G::kMatrix};
@@ -155,7 +163,12 @@ constexpr Family kAztec = {
 constexpr Family kDotCode = {.geometry = G::kDots, .eci = true, .append = &kDotCodeAppend};
 constexpr Family kCodeOne = {.geometry = G::kMatrix, .eci = true, .append = &kCodeOneAppend};
 constexpr Family kHanXin = {.geometry = G::kMatrix, .eci = true};
-constexpr Family kHibcMatrix = {.geometry = G::kMatrix, .eci = true};
+constexpr Family HibcMatrix(const StructuredAppend& append) {
+  return {.geometry = G::kMatrix, .eci = true, .hibc = true, .append = &append};
+}
+constexpr Family kHibcQrCode = HibcMatrix(kQrCodeAppend);
+constexpr Family kHibcDataMatrix = HibcMatrix(kDataMatrixAppend);
+constexpr Family kHibcAztec = HibcMatrix(kAztecAppend);
 constexpr Family kMaxiCode = {.geometry = G::kHexagonal, .eci = true, .append = &kMaxiCodeAppend};
 
 // Postal symbols: short and tall bars, bars in two or four states.

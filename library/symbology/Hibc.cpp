@@ -1,5 +1,3 @@
-#include "library/prepare/Hibc.h"
-
 #include "library/symbology/Encoders.h"
 #include "library/symbology/Linear.h"
 
@@ -7,8 +5,13 @@
 
 namespace Library {
 
+HibcMessage HibcContent(const EncoderInput& input) {
+  if (input.options.placeInMessage.count > 1) return {input.data, {}, PrintableText(input.data)};
+  return CompleteHibc(input.data, input.symbology.maxLength);
+}
+
 void EncodeHibc(const EncoderInput& input, Encoder carrier, Symbol& symbol) {
-  HibcMessage message = CompleteHibc(input.data, input.symbology.maxLength);
+  HibcMessage message = HibcContent(input);
   carrier({input.options, input.symbology, message.data, input.given}, symbol);
   symbol.texts.clear();
   SetTextLine(symbol, std::move(message.text));

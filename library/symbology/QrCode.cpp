@@ -1,6 +1,5 @@
 // QR Code (ISO/IEC 18004): what the options ask for, and the smallest version that gives it.
 #include "library/Error.h"
-#include "library/prepare/Hibc.h"
 #include "library/symbology/Encoders.h"
 #include "library/symbology/Linear.h"
 #include "library/symbology/QrCheckWords.h"
@@ -99,7 +98,7 @@ void EncodeHibcQrCode(const EncoderInput& input, Symbol& symbol) {
   CheckOptions(options);
   // The plus sign in front tells a reader what the data are.
   if (options.format != kQrDefault) throw Error(BC_E_NOTSUPPORTED);
-  HibcMessage message = CompleteHibc(input.data, input.symbology.maxLength);
+  HibcMessage message = HibcContent(input);
   const QrData data = QrDataOf({input.options, input.symbology, message.data, input.given});
   DrawSmallest(options, HeaderOf(input.options), data.content, symbol);
   symbol.checkDigits = std::move(message.check);

@@ -44,10 +44,6 @@ void PlaceMaxiCode(Options& options, const AppendPlace& place) {
   options.maxi.appendIndex = place.index;
 }
 
-void PlacePlain(Options& options, const AppendPlace& place) {
-  options.placeInMessage = {place.index, place.count};
-}
-
 }  // namespace
 
 const StructuredAppend kPdf417Append = {kMaxPdf417Symbols, PlacePdf417};
@@ -55,8 +51,8 @@ const StructuredAppend kQrCodeAppend = {16, PlaceQrCode};
 const StructuredAppend kDataMatrixAppend = {16, PlaceDataMatrix};
 const StructuredAppend kAztecAppend = {26, PlaceAztec};
 const StructuredAppend kMaxiCodeAppend = {8, PlaceMaxiCode};
-const StructuredAppend kDotCodeAppend = {35, PlacePlain};
-const StructuredAppend kCodeOneAppend = {128, PlacePlain};
+const StructuredAppend kDotCodeAppend = {35};
+const StructuredAppend kCodeOneAppend = {128};
 
 std::string FixedDigits(int value, int length) {
   std::string digits(static_cast<std::size_t>(length), '0');

@@ -17,8 +17,8 @@ struct AppendPlace {
 
 struct StructuredAppend {
   int maxSymbols;
-  // Sets the options of one symbol. An id that is set stays.
-  void (*place)(Options& options, const AppendPlace& place);
+  // Sets the symbology's own options for one symbol. An id that is set stays. Null: it has none.
+  void (*place)(Options& options, const AppendPlace& place) = nullptr;
 };
 
 extern const StructuredAppend kPdf417Append, kQrCodeAppend, kDataMatrixAppend, kAztecAppend,

@@ -51,6 +51,7 @@ struct Family {
   bool codeSets = false;            // A, B, C of a format string switch the set
   bool eci = false;                 // an ECI number can be encoded in front
   bool pairs = false;               // an odd number of digits gets a zero in front
+  bool hibc = false;                // a plus sign in front of the message, a check character behind
   bool (*takesGs1)(const Options& options) = nullptr;  // the data are element strings; null: never
   bool ownElementCharacters = false;  // element strings have the characters of the type's row
   SetHeights (*setHeights)(const Options& options) = nullptr;  // null: no option sets them

@@ -157,6 +157,27 @@ TEST(StructuredAppend, TellsIndexCountAndMessage) {
   EXPECT_LE(Scan(EncodeParts(GridOf(kQrCode, "ABC", -1, standard)).at(0)).sequenceSize, 0);
 }
 
+TEST(StructuredAppend, SharesAHealthMessageWithOnePlusSignAndOneCheckCharacter) {
+  const auto shared = [](int type, const std::string& data) {
+    return GridOf(type, data, 20, [](Options& o) { o.grid.structuredAppend = kStandard; });
+  };
+  const std::string data = Text(50);
+  for (const int type : {102, 105, 106, 113}) {
+    SCOPED_TRACE(type);
+    std::string read;
+    for (const Symbol& symbol : EncodeParts(shared(type, data))) {
+      const Scanned scanned = Scan(symbol);
+      EXPECT_EQ(scanned.sequenceSize, 3);
+      read += scanned.bytes;
+    }
+    EXPECT_EQ(read.substr(0, 51), '+' + data);
+    EXPECT_TRUE(read.size() == 52 && ReadsBack(Encode(OptionsFor(type, data)), read)) << read;
+    EXPECT_EQ(Read(EncodeParts(shared(type, "AB"))), Read({Encode(OptionsFor(type, "AB"))}));
+    EXPECT_EQ(RefusedBy([&] { EncodeParts(shared(type, Text(30) + "a" + Text(30))); }),
+              (Refusal{BC_E_INVALIDDATA, 30}));
+  }
+}
+
 // QR Codes of 21 modules, which hold 20 of these characters, 1 mm a module: 21 mm.
 Options Fixed(int symbols, int rows, int columns, int growth = 0) {
   return GridOf(kQrCode, Text(symbols * 10), 10, [=](Options& o) {
