@@ -52,14 +52,14 @@ Field FieldFor(int wordBits) {
   }
 }
 
-// The product of x - 2^i for i from 1 to `degree`, highest power first and without its 1.
-std::vector<std::uint16_t> Generator(const Field& field, std::size_t degree) {
+// The product of x - 2^(first + i) for i below `degree`, highest power first and without its 1.
+std::vector<std::uint16_t> Generator(const Field& field, std::size_t degree, std::size_t first) {
   std::vector<std::uint16_t> generator(degree);
-  for (std::size_t root = 1; root <= degree; ++root) {
+  for (std::size_t root = 0; root < degree; ++root) {
     std::uint16_t before = 1;
-    for (std::size_t i = 0; i < root; ++i) {
+    for (std::size_t i = 0; i <= root; ++i) {
       const std::uint16_t old = generator[i];
-      generator[i] = old ^ field.power[field.logarithm[before] + root];
+      generator[i] = old ^ field.power[field.logarithm[before] + first + root];
       before = old;
     }
   }
@@ -69,10 +69,11 @@ std::vector<std::uint16_t> Generator(const Field& field, std::size_t degree) {
 }  // namespace
 
 std::vector<std::uint16_t> AztecCheckWords(const std::vector<std::uint16_t>& data, int count,
-                                           int wordBits) {
+                                           int wordBits, int firstRoot) {
   const Field field = FieldFor(wordBits);
   const auto degree = static_cast<std::size_t>(count);
-  const std::vector<std::uint16_t> generator = Generator(field, degree);
+  const std::vector<std::uint16_t> generator =
+      Generator(field, degree, static_cast<std::size_t>(firstRoot));
   std::vector<std::uint16_t> logarithms(degree);
   for (std::size_t i = 0; i < degree; ++i) logarithms[i] = field.logarithm[generator[i]];
   std::vector<std::uint16_t> remainder(degree + 1);  // a zero behind, which moves up

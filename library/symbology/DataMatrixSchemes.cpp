@@ -154,17 +154,7 @@ class Writer {
   }
 
   void triples(Scheme scheme, std::size_t first, std::size_t last, bool open) {
-    std::vector<std::uint8_t> values;
-    for (std::size_t i = first; i < last; ++i) {
-      const Values& added = ValuesIn(scheme, characters[i]);
-      values.insert(values.end(), added.values.begin(), added.values.begin() + added.count);
-    }
-    if (values.size() % 3 == 2) values.push_back(kShift1);  // stands for nothing at the end
-    for (std::size_t i = 0; i + 2 < values.size(); i += 3) {
-      const int packed = 1600 * values[i] + 40 * values[i + 1] + values[i + 2] + 1;
-      words.push_back(static_cast<std::uint16_t>(packed / 256));
-      words.push_back(static_cast<std::uint16_t>(packed % 256));
-    }
+    AppendDataMatrixTriples(scheme, {characters.data() + first, last - first}, words);
     if (!open) words.push_back(kUnlatch);
   }
 
@@ -208,6 +198,21 @@ class Writer {
 int DataMatrixValueCount(Scheme scheme, std::uint16_t character) {
   if (scheme == Scheme::kEdifact) return character >= ' ' && character <= '^' ? 1 : 0;
   return ValuesIn(scheme, character).count;
+}
+
+void AppendDataMatrixTriples(Scheme scheme, std::span<const std::uint16_t> characters,
+                             Words& words) {
+  std::vector<std::uint8_t> values;
+  for (const std::uint16_t character : characters) {
+    const Values& added = ValuesIn(scheme, character);
+    values.insert(values.end(), added.values.begin(), added.values.begin() + added.count);
+  }
+  if (values.size() % 3 == 2) values.push_back(kShift1);  // stands for nothing at the end
+  for (std::size_t i = 0; i + 2 < values.size(); i += 3) {
+    const int packed = 1600 * values[i] + 40 * values[i + 1] + values[i + 2] + 1;
+    words.push_back(static_cast<std::uint16_t>(packed / 256));
+    words.push_back(static_cast<std::uint16_t>(packed % 256));
+  }
 }
 
 std::size_t DataMatrixAsciiWords(const std::vector<std::uint16_t>& characters, std::size_t first) {

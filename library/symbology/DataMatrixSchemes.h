@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 namespace Library {
@@ -16,6 +17,11 @@ inline constexpr std::size_t kDataMatrixShortRun = 249, kDataMatrixLongestRun = 
 
 // Values that a character takes in a scheme that packs values; 0: it has none there.
 int DataMatrixValueCount(DataMatrixScheme scheme, std::uint16_t character);
+
+// Adds characters in C40, Text or X12, three values in two words. One value that is missing at the
+// end is a shift.
+void AppendDataMatrixTriples(DataMatrixScheme scheme, std::span<const std::uint16_t> characters,
+                             DataMatrixMessage::Words& words);
 
 // Words of the characters from `first` on in ASCII, digits in pairs.
 std::size_t DataMatrixAsciiWords(const std::vector<std::uint16_t>& characters, std::size_t first);

@@ -221,7 +221,7 @@ constexpr Symbology kSymbologies[] = {
     {128, "Aztec Runes",                         kMatrix,                 EncodeAztecRune,              nullptr,                  kDigits,                   1,  3,                   0,  kNoCheck,             330,  {0, 0}},
     {129, "Code 32",                             kTwoWidthBarcode,        EncodeCode32,                 NormalizeCode32,          kDigits,                   8,  9,                   9,  kCode32Check,         250,  {10, 10}},
     {140, "Channel Code",                        kPlainBarcode,           EncodeChannelCode,            nullptr,                  kDigits,                   1,  7,                   0,  kNoCheck,             254,  {1, 2}},
-    {141, "Code One",                            kCodeOne,                EncodeCodeOne,                nullptr,                  kAscii,                    1,  3550,                0,  kNoCheck,             330,  {0, 0}},
+    {141, "Code One",                            kCodeOne,                EncodeCodeOne,                nullptr,                  kAllBytes,                 1,  3550,                0,  kNoCheck,             330,  {0, 0}},
     {142, "Grid Matrix",                         kMatrix,                 nullptr,                      nullptr,                  kAllBytes,                 1,  2751,                0,  kNoCheck,             330,  {6, 6, 6, 6}},
     {143, "UPNQR",                               kMatrix,                 EncodeUpnQr,                  nullptr,                  kAllBytes,                 1,  411,                 0,  kNoCheck,             330,  {4, 4, 4, 4}},
     // Tiles of eight colours; a drawing has one for all bars.
