@@ -1,6 +1,7 @@
 // Symbols that none of the readers at hand knows, against patterns that BWIPP draws, and HIBC and
 // interpretations in Aztec Code.
 #include "library/layout/Layout.h"
+#include "library/symbology/ZintSymbol.h"
 #include "library/writer/PostScriptWriter.h"
 #include "tests/library/Coverage.h"
 #include "tests/library/ScanSymbol.h"
@@ -9,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <random>
 
 namespace {
 
@@ -44,6 +46,16 @@ TEST(OtherSymbols, AreDrawnAsOthersDrawThem) {
            "#.#..#...#.##.....#.##..##....#...#..##..##..#....####.#####.#..#.####",
            "######################################################################",
            "#.##..####..#.###.##..##...#....#.#...##...##...#.#..#####..#...#.####",
+           "######################################################################",
+       }},
+      // A shifted digit is none of the five digits that would be packed.
+      {24,
+       "(1]2345",
+       {
+           "######################################################################",
+           "#.##..###..#....#.###.#.######.##.###..##...#..##.#####.##..###.#.####",
+           "######################################################################",
+           "#.##.#..####.###..#..##..###.####.####.#..#..####.##..##....#...#.####",
            "######################################################################",
        }},
       {115,
@@ -107,6 +119,30 @@ TEST(OtherSymbols, AreDrawnAsOthersDrawThem) {
   }
 }
 
+TEST(Code49, HoldsWhatLibzintPutsIntoIt) {
+  std::mt19937 random{49};
+  constexpr std::string_view kSets[] = {"0123456789", "ABCDEFG-. $/+%0123456789",
+                                        "abcxyz,;:_~\x01\x1A 01"};
+  for (int i = 0; i < 300; ++i) {
+    const std::string_view set = kSets[i % 3];
+    std::string data;
+    for (auto length = 1 + random() % (i % 3 == 0 ? 81 : 30); length > 0; --length) {
+      data += set[random() % set.size()];
+    }
+    Library::ZintSymbol encoded(BARCODE_CODE49);
+    if (!encoded.tryEncode(data)) {
+      EXPECT_EQ(RefusalOf(OptionsFor(24, data)).code, BC_E_DATATOOLONG);
+      continue;
+    }
+    Symbol expected, bars;
+    encoded.copyRows(expected, 1);
+    for (const Library::SymbolRow& row : Library::Encode(OptionsFor(24, data)).rows) {
+      if (row.height == 0) bars.rows.push_back(row);
+    }
+    EXPECT_TRUE(IsSame(24, "libzint", Rows(bars), Rows(expected))) << data;
+  }
+}
+
 TEST(OtherSymbols, RefuseWhatTheyCannotHoldAndNameTheCharacter) {
   const struct {
     int type;
@@ -117,8 +153,6 @@ TEST(OtherSymbols, RefuseWhatTheyCannotHoldAndNameTheCharacter) {
       {24, std::string(82, '1'), 0, {BC_E_DATATOOLONG, -1}},
       {24, std::string(50, 'A'), 0, {BC_E_DATATOOLONG, -1}},
       {24, "caf\xE9", 0, {BC_E_INVALIDDATA, 3}},
-      {24, "(1]2345", 0, {BC_E_NOTSUPPORTED, -1}},  // a shifted digit in front of digits
-      {24, "(1]234", 0, {}},
       {24, "A", 26, {BC_E_NOTSUPPORTED, -1}},
       {115, std::string(1001, '1'), 0, {BC_E_DATATOOLONG, -1}},
       {115, "A", 811800, {BC_E_INVALIDARG, -1}},
