@@ -5,6 +5,7 @@
 #include "library/writer/PostScriptWriter.h"
 #include "tests/library/Coverage.h"
 #include "tests/library/ScanSymbol.h"
+#include "tests/library/SymbolPage.h"
 #include "tests/support/Render.h"
 
 #include <gtest/gtest.h>
@@ -116,6 +117,25 @@ TEST(OtherSymbols, AreDrawnAsOthersDrawThem) {
     EXPECT_TRUE(IsSame(row.type, "reference rows",
                        Rows(Library::Encode(OptionsFor(row.type, row.data))), row.rows))
         << row.type;
+  }
+}
+
+// BWIPP knows bytes alone, and fills what the function information leaves of its places in turn
+// dark and light, where others leave it light.
+TEST(HanXin, IsDrawnAsBwippDrawsIt) {
+  const struct {
+    int length;
+    std::uint64_t digest;
+  } rows[] = {{1, 0xE3E51FC18B7409F0},   {7, 0xC885F901F054088E},    {18, 0x583C0E3B7336E428},
+              {40, 0x7353489A50D1190E},  {90, 0xB7D34B803309A320},   {200, 0xF96D4E96CA831517},
+              {500, 0xFFCD47DE8DF4BFDB}, {1200, 0x949A56DDA63AC0D3}, {3000, 0xB5929D42520098CC}};
+  for (const auto& row : rows) {
+    std::string data;
+    for (int i = 0; i < row.length; ++i) data += static_cast<char>(128 + (i * i * 7 + i * 3) % 97);
+    std::vector<std::string> modules = ModulesOf(Library::Encode(OptionsFor(116, data)));
+    const std::size_t size = modules.size();
+    for (const std::size_t i : {0, 2, 4}) modules[8][size - 1 - i] = modules[size - 9][i] = '0';
+    EXPECT_TRUE(IsSame(116, "BWIPP's modules", DigestOf(modules), row.digest)) << row.length;
   }
 }
 

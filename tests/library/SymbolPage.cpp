@@ -38,7 +38,10 @@ Support::Page PageOf(const Library::Symbol& symbol) {
 }
 
 std::uint64_t DigestOf(const Library::Symbol& symbol) {
-  std::vector<std::string> rows = ModulesOf(symbol);
+  return DigestOf(ModulesOf(symbol));
+}
+
+std::uint64_t DigestOf(std::vector<std::string> rows) {
   rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
   std::size_t from = std::string::npos, to = 0;
   for (const std::string& row : rows) {

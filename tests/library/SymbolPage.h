@@ -15,6 +15,7 @@ std::vector<std::string> ModulesOf(const Library::Symbol& symbol);
 Support::Page PageOf(const Library::Symbol& symbol);
 
 // Of the modules within the outermost bars, rows that are alike counted once (FNV-1a).
+std::uint64_t DigestOf(std::vector<std::string> rows);
 std::uint64_t DigestOf(const Library::Symbol& symbol);
 
 // The data of the symbols that ZBar finds, separated by blanks.
