@@ -15,10 +15,15 @@ constexpr std::size_t kLongestLine = 1900;
 // What the library says stands behind a code.
 constexpr std::string_view kLibraryMessage = " - Error Message: ";
 constexpr std::string_view kNothingKnown = "Invalid argument.";
+// A note of where in the settings file of a sequence the error is, whose name is the job's text.
+constexpr std::string_view kInFile = "What is wrong stands in ";
+// A line that quotes the sequence at hand, and says nothing of its error.
+constexpr std::string_view kSequence = "Barcode Sequence: ";
 // A line that names the file which the next one is about.
 constexpr std::string_view kFile = "IniFile: ";
 // Notes about a sequence of the job, whose text is not for everybody's eyes.
 constexpr std::string_view kSequenceFailed = "The barcode sequence that failed begins ";
+constexpr std::string_view kNoReason = "the barcode can't be made";
 constexpr std::string_view kBarcodeMissing = "A barcode will be missing: ";
 
 void Write(std::string_view tag, std::string_view name, std::string_view text) {
@@ -75,7 +80,11 @@ void SchedulerLines::endLine(Level level, bool note) {
     Write(Tag(level), name, line.text);
     takeError();
   } else if (line.text.starts_with(kSequenceFailed)) {
-    report(Text(Place(line.text), ": ", WithoutEnd(reason.withoutJob, " :")));
+    report(Text(Place(line.text), ": ", why()));
+  } else if (line.text.starts_with(kInFile)) {
+    Write(Tag(level), name, line.text);
+    const std::string_view place = std::string_view(line.text).substr(kInFile.size());
+    better = Text(why(), ", in ", place.substr(0, place.find(" of ")), " of the settings file");
   } else if (line.text.starts_with(kBarcodeMissing) || reason.empty()) {
     report(line.text);
   } else {
@@ -92,22 +101,33 @@ void SchedulerLines::takeError() {
     if (!reasonIsLibrarys && !said.starts_with(kNothingKnown)) reason = {said, said};
     reasonIsLibrarys = true;
   } else if (reason.empty()) {
-    reason = line;
+    if (!line.text.starts_with(kSequence)) reason = line;
   } else if (reason.text.starts_with(kFile)) {
     const std::string both = Text(line.text, " (", reason.text, ')');
     reason = {both, both};
   }
 }
 
+std::string SchedulerLines::why() const {
+  if (!better.empty()) return better;
+  const std::string_view known = WithoutEnd(reason.withoutJob, " :");
+  return std::string(known.empty() ? kNoReason : known);
+}
+
 void SchedulerLines::report(std::string_view text) {
   Write("ERROR: ", name, text);
   reason = {};
   reasonIsLibrarys = false;
+  better.clear();
 }
 
 void SchedulerLines::finish() {
   if (!line.empty()) endLine(kDebug, false);
-  if (!reason.empty()) report(reason.text);
+  if (!better.empty()) {
+    report(std::string(better));
+  } else if (!reason.empty()) {
+    report(reason.text);
+  }
 }
 
 }  // namespace Diag

@@ -25,6 +25,8 @@ class SchedulerLines {
     bool note;  // says where the error happened that the lines before are about
   };
   void add(Level level, std::string_view name, const Piece& piece);
+  // Why the error at hand, or the next one, happened: better than what its lines say.
+  void setReason(std::string_view text) { better = text; }
   // Reports the error that no line was written of yet.
   void finish();
 
@@ -35,12 +37,14 @@ class SchedulerLines {
   };
   void endLine(Level level, bool note);
   void takeError();
+  std::string why() const;  // what is known of the error, without job text
   void report(std::string_view text);
 
   std::string name;
   Line line;    // not ended yet
   Line reason;  // of the error at hand
   bool reasonIsLibrarys = false;
+  std::string better;  // empty: the reason has to do
 };
 
 }  // namespace Diag

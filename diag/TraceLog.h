@@ -61,11 +61,19 @@ class TraceLog {
     add(level, {.lineEnd = true, .prefix = true, .collected = false}, parts...);
   }
 
+  // Why what is reported next as an error happened, for the print scheduler alone and in place of
+  // what the lines of the error say; it quotes nothing of a print job. Muted or not: what users see
+  // of an error is this line.
+  void reason(std::string_view text) {
+    if (stderrOn && schedulerReads && kError <= maxLevel) schedulerLines.setReason(text);
+  }
+
   void setSyslogOn(bool on) { syslogOn = on; }
   void setStderrOn(bool on) { stderrOn = on; }
   void setErrorFileOn(bool on) { errorFileOn = on; }
   // The print scheduler reads standard error, and has messages there in its own form.
   void setSchedulerReads(bool on) { schedulerReads = on; }
+  bool readByScheduler() const { return schedulerReads; }
   void setName(std::string_view newName) { name = newName; }
   void setErrorFileName(std::string_view newName) { errorFileName = newName; }
   const std::string& getErrorFileName() const { return errorFileName; }

@@ -186,6 +186,7 @@ ResultCode GenerateBarcode(BarcodeSettings& settings, std::string& result, std::
       TakeOutput(buffer, size, settings, result);
     }
   }
+  if (code == BC_E_MUSTFIT) GiveReason(handle, code);
   Free(handle);
   return code;
 }

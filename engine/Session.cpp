@@ -93,6 +93,12 @@ std::string GetErrorMessage(BCBarcode* handle, ResultCode code) {
   return start + GetErrorDetails(handle, code) + '.';
 }
 
+void GiveReason(BCBarcode* handle, ResultCode code) {
+  if (!g_settings.trace.readByScheduler() || BCGetReasonA == nullptr) return;
+  char reason[256] = {};
+  if (BCGetReasonA(handle, code, reason, sizeof reason) > 0) g_settings.trace.reason(reason);
+}
+
 std::string GetErrorDetails(BCBarcode* handle, ResultCode code) {
   const std::string text = LibraryText(handle, code);
   if (BCGet2DCompositeComponent(handle) == 0) return text + Detail(handle, code);

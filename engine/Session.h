@@ -26,6 +26,10 @@ std::string GetErrorMessage(BCBarcode* handle, Diag::ResultCode code);
 // ("'A' at position 3"). `handle` is not null.
 std::string GetErrorDetails(BCBarcode* handle, Diag::ResultCode code);
 
+// Says why the last call on that barcode failed, where the print scheduler reads: in a sentence for
+// those who print, when the library has one. `handle` is not null.
+void GiveReason(BCBarcode* handle, Diag::ResultCode code);
+
 // Reports a failed library call: the caller's sentence, given in parts, as a line of its own and
 // the library's message behind it.
 template <class... Parts>

@@ -13,6 +13,8 @@ void Report(const Setter& setter, const Settings::BarcodeSettings& settings, BCB
   } else {
     ReportFailure(Diag::kError, handle, code, setter.message, settings.*setter.number, '.');
   }
+  if (setter.number == &Settings::BarcodeSettings::barcode)
+    g_settings.trace.reason(Diag::Text("there is no barcode type ", settings.barcode));
 }
 
 }  // namespace

@@ -31,6 +31,7 @@ ResultCode Create(BCBarcode* handle) {
   if (code != Diag::kSuccess) {
     ReportFailure(Diag::kError, handle, code,
                   "Couldn't create barcode. Please check barcode settings.");
+    GiveReason(handle, code);
   }
   return code;
 }

@@ -45,11 +45,13 @@ Diag::ResultCode CheckRights(BarcodeSettings& settings, std::string_view option,
 }
 
 Diag::ResultCode ReportDataFile(const BarcodeSettings& settings, const std::string& fileName,
-                                Diag::ReadFailure failure) {
-  switch (failure) {
+                                const Diag::FileContents& file) {
+  switch (file.failure) {
     case Diag::ReadFailure::kNone:
       return Diag::kSuccess;
     case Diag::ReadFailure::kNotOpened:
+      g_settings.trace.reason(
+          Diag::Text("the file of 'datafile' can't be opened: ", std::strerror(file.error)));
       return Fail(Diag::kAccessDenied, "Couldn't open data file.\n");
     case Diag::ReadFailure::kNotRead:
       return Fail(Diag::kAccessDenied, "Couldn't read from data file.\n");
@@ -98,7 +100,7 @@ Diag::ResultCode AppendDataFile(BarcodeSettings& settings, const std::string& fi
   const std::size_t room = kMaxDataSize - std::min(kMaxDataSize, settings.data.size());
   const Diag::FileContents file = Diag::ReadFile(fileName, KindFor(settings), room);
   settings.data += file.bytes;
-  if (const auto result = ReportDataFile(settings, fileName, file.failure)) return result;
+  if (const auto result = ReportDataFile(settings, fileName, file)) return result;
   return CheckRights(settings, "datafile", kFileCost + file.bytes.size());
 }
 

@@ -7,15 +7,22 @@ namespace Settings {
 
 void Settings::reportMissingArgument(std::string_view name) const {
   g_settings.trace.Trace(Diag::kError, "Option '", quoted(name), "' requires an argument.");
+  giveReason("has no value");
 }
 
 void Settings::reportUnrecognizedOption(std::string_view name) const {
   g_settings.trace.Trace(Diag::kError, "Unrecognized option ", quoted(name));
+  giveReason("is not known");
+}
+
+void Settings::giveReason(std::string_view fault) const {
+  if (fromJob) g_settings.trace.reason(Diag::Text("option ", optionNumber, ' ', fault));
 }
 
 Diag::ResultCode Settings::applyEach(Parser::ArgumentParser& parser, const Apply& apply) const {
   std::string name;
-  while (parser.nextOption(name) == Diag::kSuccess)
+  int number = 0;  // a file that an option names has options, too
+  while (optionNumber = ++number, parser.nextOption(name) == Diag::kSuccess)
     if (const Diag::ResultCode result = apply(name)) return result;
   if (name.empty()) return Diag::kSuccess;
   reportUnrecognizedOption(name);

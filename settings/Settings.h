@@ -43,6 +43,12 @@ class Settings {
   using Apply = std::function<Diag::ResultCode(const std::string& name)>;
   // Hands every option name of the parser to `apply`, up to its first failure.
   Diag::ResultCode applyEach(Parser::ArgumentParser& parser, const Apply& apply) const;
+
+ private:
+  // Says of a print job's option what is wrong with it, without its name, which is the job's text.
+  void giveReason(std::string_view fault) const;
+
+  mutable int optionNumber = 0;  // of the option that is being applied, counted from 1
 };
 
 }  // namespace Settings

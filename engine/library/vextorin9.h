@@ -135,6 +135,10 @@ BC_ADDITION BCResult BCSetECI(BCBarcode* b, int number);
 /* As BCGetErrorTextA, for the last error of this object; the text ends in a blank where the queries
    of the object have something to append. */
 BC_ADDITION void BCGetObjectErrorTextA(BCBarcode* b, BCResult code, char* buffer, int size);
+/* Why the call of this object that failed last, with that code, did so: "EAN-13 takes digits only
+   ('A' at 5)". The length of the text, 0 when there is no more to say than the error text; the
+   buffer gets `size` bytes of it at most, terminator included. Null: 0. */
+BC_ADDITION int BCGetReasonA(BCBarcode* b, BCResult code, char* buffer, int size);
 
 /* PDF417 */
 BCResult BCSet_PDF417_Rows(BCBarcode* b, int rows);

@@ -2,6 +2,7 @@
 #include "library/api/Barcode.h"
 #include "library/api/CopyText.h"
 #include "library/api/ErrorText.h"
+#include "library/api/Reason.h"
 #include "library/grid/Parts.h"
 #include "library/layout/ElementWidths.h"
 #include "library/layout/RowHeights.h"
@@ -125,6 +126,18 @@ void BCGetErrorTextA(BCResult code, char* buffer, int size) {
 
 void BCGetObjectErrorTextA(BCBarcode* b, BCResult code, char* buffer, int size) {
   if (buffer && size >= 0) CopyText(ErrorText(code, b && HasDetail(*b, code)), buffer, size + 1);
+}
+
+int BCGetReasonA(BCBarcode* b, BCResult code, char* buffer, int size) {
+  if (!b) return 0;
+  try {
+    const std::string reason = ReasonOf(*b, code);
+    CopyText(reason, buffer, size);
+    return static_cast<int>(reason.size());
+  } catch (...) {
+    CopyText("", buffer, size);
+    return 0;
+  }
 }
 
 int BCGetCountRows(BCBarcode* b) {

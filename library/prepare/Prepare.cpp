@@ -18,11 +18,6 @@ bool TakesFunctionCharacters(const Symbology& symbology, const Options& options)
 // The number sign is in the set of one identifier alone, and not among the 82.
 constexpr CharacterSet kElementCharacters = kGs1Characters | CharacterSet::Of("#");
 
-const CharacterSet& CharactersOf(const Symbology& symbology, const Options& options) {
-  const bool elements = TakesGs1(symbology, options) && !symbology.family.ownElementCharacters;
-  return elements ? kElementCharacters : symbology.characters;
-}
-
 bool IsCheckDigitPlace(const DataCharacter& character) {
   return character.value == kCheckDigitPlace;
 }
@@ -117,6 +112,11 @@ std::string ApplyCheckDigits(Data& data, const Symbology& symbology, const Optio
 }
 
 }  // namespace
+
+const CharacterSet& CharactersOf(const Symbology& symbology, const Options& options) {
+  const bool elements = TakesGs1(symbology, options) && !symbology.family.ownElementCharacters;
+  return elements ? kElementCharacters : symbology.characters;
+}
 
 std::string CheckDigitsOf(const Data& data, int method) {
   try {

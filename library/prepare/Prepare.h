@@ -22,6 +22,9 @@ Data MessageOf(const Options& options, const Symbology& symbology);
 // The others, for a message or a part of it.
 PreparedData Prepare(const Options& options, const Symbology& symbology, Data data);
 
+// What the data may hold once they are prepared.
+const CharacterSet& CharactersOf(const Symbology& symbology, const Options& options);
+
 // ComputeCheckDigits of the bytes of `data`, with an error's index turned into the caller's.
 std::string CheckDigitsOf(const Data& data, int method);
 

@@ -125,15 +125,17 @@ TEST_F(CInterface, AnswersANullHandleAsItsHeaderSays) {
   EXPECT_EQ(BCGet2DCompositeComponent(nullptr), 0);
   EXPECT_EQ(BCGet_CompSym_ErrorInCC(nullptr), 0);
   EXPECT_EQ(BCGetWarningA(nullptr, nullptr, 0), 0);
+  EXPECT_EQ(BCGetReasonA(nullptr, BC_OK, nullptr, 0), 0);
   EXPECT_EQ(BCAlloc(nullptr), BC_E_INVALIDARG);
 
   std::set<std::string> tried = Matches(answers.names, R"((\w+))");
-  tried.merge(std::set<std::string>{
-      "BCGetBCType", "BCGetCheckDigitsA", "BCGetTextA", "BCGetInvalidDataPos", "BCGetCountRows",
-      "BCGet2DCompositeComponent", "BCGet_CompSym_ErrorInCC", "BCAlloc", "BCGetWarningA",
-      // without a handle
-      "BCInitLibraryA", "BCDeInitLibrary", "BCGetVersionA", "FileExists", "BCGetErrorTextA",
-      "BCGetObjectErrorTextA", "BCGetMaxLenOfData"});
+  tried.merge(
+      std::set<std::string>{"BCGetBCType", "BCGetCheckDigitsA", "BCGetTextA", "BCGetInvalidDataPos",
+                            "BCGetCountRows", "BCGet2DCompositeComponent",
+                            "BCGet_CompSym_ErrorInCC", "BCAlloc", "BCGetWarningA", "BCGetReasonA",
+                            // without a handle
+                            "BCInitLibraryA", "BCDeInitLibrary", "BCGetVersionA", "FileExists",
+                            "BCGetErrorTextA", "BCGetObjectErrorTextA", "BCGetMaxLenOfData"});
   EXPECT_EQ(tried, NamesInHeader());
 }
 
@@ -227,7 +229,7 @@ TEST(Session, IsNotNeededForVersionAndFiles) {
 
 TEST(MissingAdditions, FailTheBarcodesThatNeedThemAndNoOthers) {
   std::string file = Support::ReadFile(VEXTORIN_LIBRARY_FILE);
-  for (const std::string name : {"BCSetECI", "BCGetObjectErrorTextA"}) {
+  for (const std::string name : {"BCSetECI", "BCGetObjectErrorTextA", "BCGetReasonA"}) {
     const std::size_t place = file.find('\0' + name + '\0');
     ASSERT_NE(place, std::string::npos);
     file.replace(place + 1, 2, "xx");
