@@ -94,6 +94,9 @@ TEST_F(QueueTool, RefusesInASentenceAndChangesNothing) {
   EXPECT_TRUE(Holds(Refusal(scheduler.tool("remove q")), "vextorin is not in queue 'q'"));
   EXPECT_TRUE(Holds(Refusal(scheduler.tool("add q --conf /nowhere")), "/nowhere can't be read"));
   EXPECT_TRUE(Holds(Refusal(scheduler.tool("frobnicate")), "there is no command"));
+  EXPECT_TRUE(Holds(Refusal(scheduler.tool("add q --conf")), "--conf needs a file"));
+  for (const char* command : {"add q r", "remove q r", "check q r", "test q r"})
+    EXPECT_TRUE(Holds(Refusal(scheduler.tool(command)), "one queue at a time: 'q' or 'r'"));
   // A driver that would be passed over.
   scheduler.write("driver.ppd",
                   before + "*cupsFilter: \"application/vnd.cups-raster 0 rastertopwg\"\n");
@@ -125,44 +128,99 @@ TEST_F(QueueTool, RefusesInASentenceAndChangesNothing) {
   EXPECT_TRUE(Holds(user.errors, "only an administrator can change queues")) << user.errors;
 }
 
+// The commands that a check prints against its findings.
+Lines Repairs(const Finished& checked) {
+  Lines repairs;
+  for (const std::string& line : Split(checked.output))
+    if (line.starts_with("  repair: ")) repairs.push_back(line.substr(10));
+  return repairs;
+}
+
 TEST_F(QueueTool, FindsWhatIsWrongAndSaysWhatRepairsIt) {
   const Scheduler scheduler({"filter"});
-  scheduler.addQueue("q");
+  const std::string queue = "a;b,[c]";  // what shells and lists take otherwise
+  scheduler.addQueue(queue);
   scheduler.addRawQueue("r");
-  ASSERT_EQ(scheduler.tool("add q --mode pcl").status, 0);
-  ASSERT_EQ(scheduler.tool("check q").status, 0);
+  ASSERT_EQ(scheduler.tool("add " + queue + " --mode pcl").status, 0);
   const std::string filter = scheduler.programs() + "/filter/vextorin";
-  const std::string conf = scheduler.programs() + "/filter/vextorin.conf";
-  const auto finding = [&](const std::string& queue = "q") {
+  const auto shell = [&](const std::string& commands) {
+    const std::string script = scheduler.write("script", commands);
+    const Finished done = scheduler.run("bash " + script, {{"PATH", scheduler.toolPath()}});
+    EXPECT_EQ(done.status, 0) << commands << '\n' << done.errors;
+  };
+  const struct {
+    std::string damage, finding;
+    bool byRoot = false;
+  } kRows[] = {
+      {"chmod 0775 " + filter, "the filter " + filter + " can be written by others than root"},
+      {"chmod 4755 " + filter, "the filter " + filter + " runs as its owner"},
+      {"chmod 0700 " + filter, "can't be run by user"},
+      {"chown lp " + filter, "belongs to another user than root", true},
+      {"chmod 0775 " + scheduler.programs() + "/filter", "/filter can be written by others"},
+      {"chmod 0600 " + filter + ".conf", "can't read " + filter + ".conf", true},
+      {"mkdir " + filter + ".d; chmod 0700 " + filter + ".d; echo filter >" + filter +
+           ".d/'a;b,[c].conf'",
+       "can't read " + filter + ".d/a;b,[c].conf", true},
+      {"echo insert=auto >" + filter + ".conf", "has no line 'filter', so jobs are not filtered"},
+      {"rm " + scheduler.file("root/vextorin.convs"), "PCL jobs are no type of their own"},
+      {"echo >>" + scheduler.file("root/vextorin.types"), "PCL jobs are no type of their own"},
+      {"lpadmin -p 'a;b,[c]' -o raw-default=true", "jobs of queue '" + queue + "' are raw"},
+      {"sed -i 's/hp-pcl application/hp-pcl /; s/^.cupsF/*cupsf/' " +
+           scheduler.file("root/ppd/'a;b,[c].ppd'"),
+       "has a line that CUPS reads otherwise: *cupsfilter2: "},
+  };
+  const std::string before = ReadFile(scheduler.ppd(queue));
+  for (const auto& row : kRows) {
+    if (row.byRoot && geteuid() != 0) continue;
+    SCOPED_TRACE(row.damage);
+    shell(row.damage);
     const Finished checked = scheduler.tool("check " + queue);
     EXPECT_EQ(checked.status, 1);
-    return checked.output;
-  };
-  EXPECT_TRUE(Holds(finding("r"), "repair: vextorin-queue add r --mode raw"));
-
-  fs::permissions(filter, fs::perms(0775));
-  EXPECT_TRUE(Holds(finding(), "repair: chmod 0755 " + filter));
-  fs::permissions(filter, fs::perms(0755));
-
-  scheduler.write("installed/lib/cups/filter/vextorin.conf", "filter\nwidth=abc\n");
-  EXPECT_TRUE(Holds(finding(), "width=abc  WRONG: Invalid barcode width"));
-  scheduler.write("installed/lib/cups/filter/vextorin.conf", "insert=auto\ndata=x\n");
-  EXPECT_TRUE(Holds(finding(), "no line 'filter'"));
-  scheduler.write("installed/lib/cups/filter/vextorin.conf", "filter\n");
-  if (geteuid() == 0) {
-    fs::permissions(conf, fs::perms(0600));
-    EXPECT_TRUE(Holds(finding(), "can't read " + conf));
-    fs::permissions(conf, fs::perms(0644));
+    EXPECT_TRUE(Holds(checked.output, row.finding)) << checked.output;
+    for (const std::string& repair : Repairs(checked))
+      if (!repair.starts_with("apt ")) shell(repair);
+    const Finished again = scheduler.tool("check " + queue);
+    EXPECT_EQ(again.status, 0) << again.output;
   }
-
-  fs::remove(scheduler.file("root/vextorin.types"));
-  EXPECT_TRUE(Holds(finding(), "PCL jobs are no type of their own"));
-  ASSERT_EQ(scheduler.tool("add q --mode pcl").status, 0);
+  EXPECT_TRUE(Holds(scheduler.tool("check r").output, "repair: vextorin-queue add r --mode raw"));
+  scheduler.write("installed/lib/cups/filter/vextorin.conf", "filter\nwidth=abc\n");
+  EXPECT_TRUE(Holds(scheduler.tool("check").output, "width=abc  WRONG: Invalid barcode width"));
+  scheduler.write("installed/lib/cups/filter/vextorin.conf", "filter\n");
   fs::rename(scheduler.programs() + "/lib", scheduler.file("lib"));
-  EXPECT_TRUE(Holds(finding(), "libvextorin9.so.0"));
+  EXPECT_TRUE(Holds(scheduler.tool("check").output, "libvextorin9.so.0"));
   fs::rename(scheduler.file("lib"), scheduler.programs() + "/lib");
-  const Finished checked = scheduler.tool("check q");
-  EXPECT_EQ(checked.status, 0) << checked.output;
+  EXPECT_EQ(scheduler.tool("remove " + queue).status, 0);
+}
+
+// The file of a queue is the administrator's to edit in the meantime.
+TEST_F(QueueTool, TakesItsLinesOutOfAnEditedPpd) {
+  const Scheduler scheduler;
+  scheduler.addQueue("q");
+  const std::string ppd = scheduler.ppd("q");
+  std::string plain = ReadFile(ppd);
+  const auto edited = [&](const std::string& lines, const std::string& program) {
+    scheduler.write("root/ppd/q.ppd", plain + lines);
+    EXPECT_EQ(scheduler.run("sed -i " + program + " " + ppd).status, 0);
+    return ReadFile(ppd);
+  };
+  const std::string driver = "*cupsFilter: \"application/vnd.cups-raster 0 rastertopwg\"\n";
+  for (const auto& [mode, end] : Environment{{"pre", "s/$//"}, {"pcl", "s/$/\\r/"}}) {
+    const std::string before = edited(driver, end);
+    for (const std::string damage : {"/queue:.end/d", "s/cupsFilter2/cupsfilter2/"})
+      for (const bool addedAgain : {false, true}) {
+        SCOPED_TRACE(mode + ' ' + damage);
+        scheduler.write("root/ppd/q.ppd", before);
+        ASSERT_EQ(scheduler.tool("add q --mode " + mode).status, 0);
+        ASSERT_EQ(scheduler.tool("add q --mode " + mode).status, 0);
+        EXPECT_EQ(scheduler.run("sed -i " + damage + " " + ppd).status, 0);
+        if (addedAgain) {
+          EXPECT_EQ(scheduler.tool("add q").status, 0);
+          EXPECT_TRUE(Holds(ReadFile(ppd), "*Font Symbol"));
+        }
+        ASSERT_EQ(scheduler.tool("remove q").status, 0);
+        EXPECT_EQ(ReadFile(ppd), before);
+      }
+  }
 }
 
 TEST_F(QueueTool, PrintsATestPage) {

@@ -99,6 +99,9 @@ void Scheduler::stop() {
 std::string Scheduler::programs() const {
   return file("installed/lib/cups");
 }
+std::string Scheduler::toolPath() const {
+  return file("installed/sbin") + ":/usr/sbin:/usr/bin:/sbin:/bin";
+}
 std::string Scheduler::ppd(const std::string& queue) const {
   return file("root/ppd/" + queue + ".ppd");
 }

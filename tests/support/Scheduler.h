@@ -41,6 +41,8 @@ class Scheduler {
   // What the printer got of it, once it is complete; empty, with a test failure, when it isn't.
   std::string printed(const std::string& job) const;
 
+  // The folders in which its commands find each other, vextorin-queue among them.
+  std::string toolPath() const;
   std::string ppd(const std::string& queue) const;  // the file's name
   std::string programs() const;  // the folder with the scheduler's `filter` and `backend`
   std::string file(std::string_view name) const { return folder.file(name); }
