@@ -64,6 +64,8 @@ std::string PclWriter::write(const Drawing& drawing) const {
   const PclPage page(drawing, resolution);
   Pcl pcl(resolution);
   pcl.command("&f0S");
+  // Printers draw underlining along every way to the right, which would join bars.
+  if (language == Mode::kPclOnly) pcl.command("&d@");
   fromCursor ? pcl.moveFromCursor(page.origin) : pcl.moveOnPage(page.origin);
   if (drawing.opaqueBackground) WriteBackground(drawing, page, pcl);
   if (language == Mode::kHpGl2) {

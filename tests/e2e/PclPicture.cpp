@@ -1,9 +1,14 @@
 #include "tests/e2e/PclPicture.h"
 
+#include <algorithm>
 #include <cmath>
+#include <cstdio>
+#include <map>
+#include <numbers>
 #include <regex>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace Support {
 namespace {
@@ -20,6 +25,7 @@ class Painter {
 
   Page paint() {
     expect("\033&f0S");
+    underlining = !take("\033&d@");
     if (take("\033&a0h-20000V")) x = y = 0;
     while (!take("\033&f1S")) {
       if (!paintMove() && !paintRectangle() && !paintPlotted() && !skipText()) refuse();
@@ -41,7 +47,9 @@ class Painter {
     if (!take(text)) refuse();
   }
   bool match(const char* pattern) {
-    if (!std::regex_search(pcl.begin(), pcl.end(), found, std::regex(pattern),
+    static std::map<std::string, std::regex> known;
+    const auto expression = known.try_emplace(pattern, pattern).first;
+    if (!std::regex_search(pcl.begin(), pcl.end(), found, expression->second,
                            std::regex_constants::match_continuous)) {
       return false;
     }
@@ -68,6 +76,7 @@ class Painter {
   }
   bool paintRectangle() {
     if (!match("\033\\*c(?:([0-9.]+)h)?(?:([0-9.]+)v)?([01])P")) return false;
+    if (found[3] == "0" && underlining) refuse();  // it would join the bars
     if (found[1].matched) width = dots(number(1));
     if (found[2].matched) height = dots(number(2));
     fill(x, y, width, height, found[3] == "0" ? 0 : 255);
@@ -87,6 +96,8 @@ class Painter {
       } else if (match("RR([0-9.]+),([0-9.]+)")) {
         const double tall = number(2) * unitY;
         fill(penX, penY - std::ceil(tall - 1e-6), number(1) * unitX, tall, 0);
+      } else if (take("PM0")) {
+        paintPolygon(penX, penY, unitX, unitY);
       } else if (match("\033%0A\033%1B")) {
         penX = x;
         penY = y;
@@ -100,6 +111,62 @@ class Painter {
   bool skipText() {
     return match("\033\\)0N\033\\)s[01]p[0-9.]+v[01]s[03]b[0-9]+T") ||
            match("\033&f0S(\033&a[0-9]+P)?\x0e[^\033\x0e\x0f]+\x0f(\033&a0P)?\033&f1S");
+  }
+
+  struct Corner {
+    double x, y;
+  };
+  // Six corners, or a circle and perhaps a hole in it.
+  void paintPolygon(double penX, double penY, double unitX, double unitY) {
+    std::vector<Corner> corners = {{penX, penY}};
+    if (match("PD((?:-?[0-9]+,-?[0-9]+,?){5})PM2FP")) {
+      const std::string steps = found[1];
+      for (std::size_t at = 0; at < steps.size();) {
+        int right = 0, up = 0, length = 0;
+        std::sscanf(&steps[at], "%d,%d%n", &right, &up, &length);
+        corners.push_back({corners.back().x + right * unitX, corners.back().y - up * unitY});
+        at += static_cast<std::size_t>(length) + 1;
+      }
+    } else if (match("CI([0-9]+)(?:PM1CI([0-9]+))?PM2FP")) {
+      corners = circle(penX, penY, number(1) * unitX);
+      if (found[2].matched) {
+        const std::vector<Corner> hole = circle(penX, penY, number(2) * unitX);
+        corners.insert(corners.end(), hole.rbegin(), hole.rend());
+      }
+    } else {
+      refuse();
+    }
+    fillPolygon(corners);
+  }
+  static std::vector<Corner> circle(double x, double y, double radius) {
+    std::vector<Corner> corners;
+    for (int i = 0; i <= 64; ++i) {
+      const double angle = 2 * std::numbers::pi * i / 64;
+      corners.push_back({x + radius * std::cos(angle), y + radius * std::sin(angle)});
+    }
+    return corners;
+  }
+  // The dots whose centres lie inside.
+  void fillPolygon(const std::vector<Corner>& corners) {
+    const auto [top, bottom] = std::ranges::minmax(corners, {}, &Corner::y);
+    if (top.y < 0 || bottom.y > page.height) refuse();
+    for (int line = static_cast<int>(top.y); line < bottom.y; ++line) {
+      std::vector<double> crossings;
+      for (std::size_t i = 0; i < corners.size(); ++i) {
+        const Corner &a = corners[i], &b = corners[(i + 1) % corners.size()];
+        const double middle = line + 0.5;
+        if ((a.y <= middle) == (b.y <= middle)) continue;
+        crossings.push_back(a.x + (middle - a.y) / (b.y - a.y) * (b.x - a.x));
+      }
+      std::sort(crossings.begin(), crossings.end());
+      for (std::size_t i = 0; i + 1 < crossings.size(); i += 2) {
+        for (int dot = static_cast<int>(std::ceil(crossings[i] - 0.5));
+             dot + 0.5 < crossings[i + 1]; ++dot) {
+          if (dot < 0 || dot >= page.width) refuse();
+          page.gray[static_cast<std::size_t>(line * page.width + dot)] = 0;
+        }
+      }
+    }
   }
 
   void fill(double left, double top, double wide, double tall, std::uint8_t level) {
@@ -121,6 +188,7 @@ class Painter {
   std::string_view pcl;
   std::match_results<std::string_view::const_iterator> found;
   Page page;
+  bool underlining = true;
   double x = 0, y = 0, width = 0, height = 0;
 };
 
