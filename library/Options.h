@@ -79,6 +79,7 @@ struct LayoutOptions {
   // Size
   double dpiX = 72, dpiY = 72;
   bool dpiIsReal = false;  // the output has these dots, whatever their number
+  bool endsAtBox = false;  // the output shows nothing beyond the rectangle
   bool optimalResolution = false;
   BCMargins quietZone = {0, 0, 0, 0};
   int quietZoneUnit = 0;  // 0 none, 1 pixel, 2 mm, 3 mils, 4 inch, 5 modules

@@ -53,20 +53,21 @@ Drawing DrawingIn(const BCBarcode& barcode, const Options& options, const BCRect
   return LayOutGrid(symbols, options, shape ? *shape : PlanFor(barcode, rect).shape, rect);
 }
 
+std::string InMillimetres(double length) {
+  return TextBuilder::decimal(std::round(length) / kMillimetre) + " mm";
+}
+
 // "0.167 mm, 1.3 dots"
 std::string WarningOf(const Drawing& drawing, const Options& options) {
   if (!drawing.tooSmall) return {};
-  const auto millimetres = [](double length) {
-    return TextBuilder::decimal(std::round(length) / kMillimetre) + " mm";
-  };
   const auto& [module, neededWidth] = *drawing.tooSmall;
-  std::string size = millimetres(module);
+  std::string size = InMillimetres(module);
   if (KnowsDots(options)) {
     size += ", " + TextBuilder::decimal(std::round(module / kInch * options.dpiX * 10) / 10) +
             " dots at " + TextBuilder::decimal(options.dpiX) + " dpi";
   }
   return "The barcode may be too small to be read: its modules are " + size + " wide. A width of " +
-         millimetres(std::ceil(neededWidth)) + " would do.";
+         InMillimetres(std::ceil(neededWidth)) + " would do.";
 }
 
 Drawing DrawingWithWarning(BCBarcode& barcode, const Options& options, const BCRect& rect,
@@ -76,11 +77,27 @@ Drawing DrawingWithWarning(BCBarcode& barcode, const Options& options, const BCR
   return drawing;
 }
 
+void AddWarning(BCBarcode& barcode, const std::string& text) {
+  if (!barcode.warning.empty()) barcode.warning += ' ';
+  barcode.warning += text;
+}
+
 // For languages that show text as outlines.
 void WarnOfMissingFont(BCBarcode& barcode, const Drawing& drawing) {
   if (HasOutlines(drawing)) return;
-  if (!barcode.warning.empty()) barcode.warning += ' ';
-  barcode.warning += "The barcode's text is left out: no font was found on this machine.";
+  AddWarning(barcode, "The barcode's text is left out: no font was found on this machine.");
+}
+
+// A picture ends where its rectangle does, and modules are no less than a pixel.
+void WarnOfCutting(BCBarcode& barcode, const Drawing& drawing, const Box& picture) {
+  const double slack = kInch / std::min(barcode.options.dpiX, barcode.options.dpiY);
+  const Rectangle& box = drawing.box;
+  if (box.left >= -slack && box.bottom >= -slack && box.right <= picture.width + slack &&
+      box.top <= picture.height + slack) {
+    return;
+  }
+  AddWarning(barcode, "The barcode is cut off at the edges of its picture: it takes " +
+                          InMillimetres(box.width()) + " x " + InMillimetres(box.height()) + ".");
 }
 
 bool SameRectangle(const BCRect& a, const BCRect& b) {
@@ -99,12 +116,13 @@ Bitmap BitmapIn(BCBarcode& barcode, const BCRect& rect) {
   Options options = barcode.options;
   const auto [least, most] = std::minmax(options.dpiX, options.dpiY);
   if (least < kLeastDpi || most > kMostDpi) Reject();
-  options.optimalResolution = options.dpiIsReal = true;
+  options.optimalResolution = options.dpiIsReal = options.endsAtBox = true;
   Drawing drawing = DrawingWithWarning(barcode, options, rect);
   MoveOnPage(drawing, -static_cast<double>(std::min(rect.left, rect.right)),
              -static_cast<double>(std::min(rect.top, rect.bottom)));
   WarnOfMissingFont(barcode, drawing);
   const Box size = SizeOf(rect);
+  WarnOfCutting(barcode, drawing, size);
   return Rasterized(drawing, {size.width, size.height}, options.dpiX, options.dpiY);
 }
 

@@ -54,6 +54,7 @@ class Sizer {
   Measures measureRows(double x) const;
   double defaultPoints(const Measures& m) const;
   double chooseModule() const;
+  double moduleOfMode() const;
   double readableModule() const;
   double fitModule() const;
   double widestFitting(double most) const;
@@ -160,7 +161,15 @@ double Sizer::minimalModule() const {
   return std::max(std::ceil(least / dot - kDotSlack), kMinimalDots) * dot;
 }
 
+// What is too wide on whole dots may have been asked for without.
 double Sizer::chooseModule() const {
+  const double module = moduleOfMode();
+  if (!options.endsAtBox || fits(module, kBoxTolerance)) return module;
+  const double largest = fitModule();
+  return largest > 0 ? largest : module;
+}
+
+double Sizer::moduleOfMode() const {
   switch (mode) {
     case SizeMode::kFit:
       if (const double module = fitModule(); module > 0) return module;

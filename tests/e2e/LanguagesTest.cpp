@@ -1,23 +1,19 @@
 // The same barcodes in every output language, as pictures beside the PostScript one.
+#include "tests/e2e/LanguagePictures.h"
 #include "tests/e2e/PclPicture.h"
 #include "tests/support/Decode.h"
 #include "tests/support/Program.h"
-#include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 #include <string>
 #include <vector>
 
 namespace {
 
 using namespace Support;
-
-constexpr int kDpi = 300;
-constexpr int kSide = 100;  // of the page in millimetres
 
 struct Kind {
   const char* name;
@@ -51,80 +47,15 @@ std::string Settings(const Kind& kind, int rotation, const std::string& more) {
   const std::string where = more.find("PCL") != more.npos || more.find("IMAGE") != more.npos
                                 ? " ypos=20"
                                 : " ypos=80 origin=top";
-  std::string settings = std::string(kind.settings) + " xpos=20 pos=abs dpi=300 optimalwidth rot=" +
-                         std::to_string(rotation * 90) + where + " " + more;
-  return settings;
+  return std::string(kind.settings) +
+         " xpos=20 pos=abs dpi=300 optimalwidth rot=" + std::to_string(rotation * 90) + where +
+         " " + more;
 }
 
 std::string Output(const Kind& kind, int rotation, const std::string& more) {
   const Program::Result result = StandAlone(Settings(kind, rotation, more)).run();
   EXPECT_EQ(result.errors, "") << more;
   return result.output;
-}
-
-// A map of bits, of grey or of colours, without comments, as netpbm's tools write it.
-Page ReadMap(const std::string& bytes) {
-  Page page;
-  page.dpi = kDpi;
-  int kind = 0, begin = 0;
-  if (std::sscanf(bytes.c_str(), "P%d %d %d%n", &kind, &page.width, &page.height, &begin) != 3) {
-    return page;
-  }
-  begin += kind == 4 ? 1 : 5;  // behind the largest value, 255
-  for (int y = 0; y < page.height; ++y) {
-    for (int x = 0; x < page.width; ++x) {
-      const auto at = [&](int i) {
-        return static_cast<unsigned char>(bytes.at(size_t(begin + i)));
-      };
-      const int bit = at(kind == 4 ? y * ((page.width + 7) / 8) + x / 8 : 0) >> (7 - x % 8) & 1;
-      const int level = at(kind == 4 ? 0 : (y * page.width + x) * (kind == 6 ? 3 : 1));
-      page.gray.push_back(static_cast<std::uint8_t>(kind == 4 ? (bit ? 0 : 255) : level));
-    }
-  }
-  return page;
-}
-
-Page Converted(const std::string& tool, const std::string& picture) {
-  const Finished finished = Run({.arguments = {tool, "-quiet"}, .input = picture});
-  EXPECT_EQ(finished.status, 0) << tool << finished.errors;
-  return ReadMap(finished.output);
-}
-
-Page OnPaper(const std::string& postScript) {
-  const Rendering rendering =
-      Render("<</PageSize[283.4646 283.4646]>>setpagedevice\n" + postScript, kDpi);
-  EXPECT_EQ(rendering.messages, "");
-  return rendering.pages.empty() ? Page{} : rendering.pages[0];
-}
-
-// The document's page ends at the barcode's right and upper edge.
-Page OfPdf(const std::string& pdf) {
-  const TempFolder folder;
-  const std::string file = folder.write("page.pdf", pdf);
-  const Finished check = Run({.arguments = {"qpdf", "--check", file}});
-  EXPECT_EQ(check.status, 0) << check.output << check.errors;
-  const Rendering byGhostscript = Render(pdf, kDpi);
-  EXPECT_EQ(byGhostscript.messages, "");
-  const Finished poppler = Run({.arguments = {"pdftoppm", "-r", "300", "-gray", file}});
-  EXPECT_EQ(poppler.errors, "");
-  return ReadMap(poppler.output);
-}
-
-// The fragment on a page that has no resources.
-Page OfFragment(const std::string& operators) {
-  std::string pdf = "%PDF-1.4\n", table = "xref\n0 5\n0000000000 65535 f \n";
-  const std::string objects[] = {
-      "<</Type/Catalog/Pages 2 0 R>>", "<</Type/Pages/Count 1/Kids[3 0 R]>>",
-      "<</Type/Page/Parent 2 0 R/MediaBox[0 0 283.4646 283.4646]/Resources<<>>/Contents 4 0 R>>",
-      "<</Length " + std::to_string(operators.size()) + ">>stream\n" + operators + "\nendstream"};
-  for (int i = 0; i < 4; ++i) {
-    char entry[24];
-    std::snprintf(entry, sizeof entry, "%010zu 00000 n \n", pdf.size());
-    table += entry;
-    pdf += std::to_string(i + 1) + " 0 obj\n" + objects[i] + "\nendobj\n";
-  }
-  return OfPdf(pdf + table + "trailer<</Size 5/Root 1 0 R>>\nstartxref\n" +
-               std::to_string(pdf.size()) + "\n%%EOF\n");
 }
 
 struct Ink {
@@ -212,59 +143,54 @@ class Languages : public testing::TestWithParam<Parameter> {
   const Kind& kind = kKinds[GetParam().first];
   int rotation = GetParam().second;
   std::string output(const std::string& more) const { return Output(kind, rotation, more); }
-  Page postScript = OnPaper(output("format=ps text=hide"));
-  Page withText = OnPaper(output("format=ps text=below"));
+  Page postScript = kPostScript.paint(output("format=ps text=hide"));
+  Page withText = kPostScript.paint(output("format=ps text=below"));
 };
 
 TEST_P(Languages, PclIsTheSameDotForDot) {
-  for (const std::string mode : {"pclmode=pcl5 ", "pclmode=pcl5nohpgl "}) {
-    SCOPED_TRACE(mode);
-    const std::string pcl = output(mode + "format=PCL nooverhead text=hide");
-    const Page page = PaintPcl(pcl, kDpi, kSide);
+  for (const Language& mode : kPclModes) {
+    SCOPED_TRACE(mode.name);
+    const std::string settings = mode.settings, pcl = output(settings + " text=hide");
+    const Page page = mode.paint(pcl);
     ExpectSame(page, postScript, kind.reach);
     ExpectAt(page, postScript, 0, 0);
     ExpectRead(page, kind, rotation);
-    EXPECT_NO_THROW(PaintPcl(pcl, 600, kSide));  // whole dots there, too
-    ExpectRead(PaintPcl(output(mode + "format=PCL nooverhead"), kDpi, kSide), kind, rotation);
-    const std::string relative = output(mode + "format=PCL nooverhead text=hide pos=rel");
-    ExpectSame(PaintPcl(relative, kDpi, kSide), page, 0);
+    EXPECT_NO_THROW(PaintPcl(pcl, 600, kPageSide));  // whole dots there, too
+    ExpectRead(mode.paint(output(settings)), kind, rotation);
+    ExpectSame(mode.paint(output(settings + " text=hide pos=rel")), page, 0);
   }
 }
 
 TEST_P(Languages, BitmapsAreTheSamePixelForPixel) {
-  const int box = std::lround(20 / 25.4 * kDpi);
-  for (const auto& [format, tool] : {std::pair{"BMP", "bmptopnm"},
-                                     {"GIF", "giftopnm"},
-                                     {"PNG", "pngtopnm"},
-                                     {"TIF", "tifftopnm"},
-                                     {"JPG", "jpegtopnm"}}) {
-    SCOPED_TRACE(format);
-    const std::string settings = std::string("format=IMAGE imageformat=") + format;
-    const std::string bytes = output(settings + " text=hide");
+  const int box = std::lround(20 / 25.4 * kLanguageDpi);
+  for (const Language& format : kBitmaps) {
+    SCOPED_TRACE(format.name);
+    const std::string settings = format.settings, bytes = output(settings + " text=hide");
     EXPECT_EQ(bytes, output(settings + " text=hide"));
-    const Page page = Converted(tool, bytes);
+    const Page page = format.paint(bytes);
     ExpectSame(page, postScript, kind.reach);
     ExpectAt(page, postScript, box, box);
-    const Page labelled = Converted(tool, output(settings + " text=below"));
+    const Page labelled = format.paint(output(settings + " text=below"));
     ExpectSame(labelled, withText, kTextReach);
     if (kind.reach == 0) ExpectRead(labelled, kind, rotation);
   }
 }
 
 TEST_P(Languages, PdfIsTheSameButForTheFillRule) {
-  for (const bool text : {false, true}) {
-    SCOPED_TRACE(text);
-    const Page& expected = text ? withText : postScript;
-    const std::string settings = text ? " text=below" : " text=hide";
-    const std::string pdf = output("format=PDF" + settings);
-    EXPECT_EQ(pdf, output("format=PDF" + settings));
-    const std::string operators = output("format=PDFFRAG" + settings);
-    for (const Page& page : {OfPdf(pdf), OfFragment(operators)}) {
+  for (const Language& language : kPdfKinds) {
+    for (const bool text : {false, true}) {
+      SCOPED_TRACE(language.name + std::string(text ? " with text" : ""));
+      const std::string settings =
+          language.settings + std::string(text ? " text=below" : " text=hide");
+      const Page& expected = text ? withText : postScript;
+      const std::string bytes = output(settings);
+      EXPECT_EQ(bytes, output(settings));
+      const Page page = language.paint(bytes);
       ExpectSame(page, expected, std::max(text ? kTextReach : 1, kind.reach));
+      if (page.width == expected.width) ExpectAt(page, expected, 0, 0);
       // ZXing finds MaxiCode on a page of its own only.
       if (!text || kind.reach == 0) ExpectRead(page, kind, rotation);
     }
-    ExpectAt(OfFragment(operators), expected, 0, 0);
   }
 }
 
