@@ -93,6 +93,14 @@ void ForEachInOrder(std::vector<Area> areas, const std::function<std::size_t(con
   }
 }
 
+int PclShade(int mode, const Color& color) {
+  const double* c = color.components;
+  const double light = mode == 2   ? (1 - (c[0] + c[1] + c[2]) / 3) * (1 - c[3])
+                       : mode == 1 ? c[0]
+                                   : 0.299 * c[0] + 0.587 * c[1] + 0.114 * c[2];
+  return static_cast<int>(std::lround((1 - light) * 100));
+}
+
 PclFont PclFontOf(const TextRun& run) {
   constexpr int kArial = 16602, kTimesNew = 16901, kCourier = 4099;
   const Font font = FindFont(run.font);

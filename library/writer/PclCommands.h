@@ -48,6 +48,9 @@ void ForEachInOrder(std::vector<PclPage::Area> areas,
                     const std::function<std::size_t(const PclPage::Area&)>& cost,
                     const std::function<void(const PclPage::Area&)>& write);
 
+// Percent of ink that stand for a colour.
+int PclShade(int colorMode, const Color& color);
+
 // How the printers of this language know a font: the typeface's number, its stroke weight and
 // posture.
 struct PclFont {

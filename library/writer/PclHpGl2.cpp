@@ -76,13 +76,15 @@ class HpGl2 {
 
   // What a job's own HP-GL/2 left must not turn, cut or scale the bars, and its palette must not
   // colour them: pens are those of a new palette, 1 for bars, 2 for text.
-  void setUp(const Drawing& drawing) {
+  void setUp(const Drawing& drawing, const PclPage& page) {
     pcl.plain("IN");
     leave();
     enter();
+    pcl.plain(scale);
+    if (drawing.opaqueBackground) background(drawing, page.size);
     setPen(1, drawing.colorMode, drawing.barColor);
     if (HasTextPen(drawing)) setPen(2, drawing.colorMode, drawing.fontColor);
-    pcl.plain("SP1" + scale);
+    pcl.plain("SP1");
   }
   void chooseTextPen() { pcl.plain("SP2"); }
 
@@ -128,6 +130,14 @@ class HpGl2 {
   }
 
  private:
+  // White shows where white isn't transparent; dots of ink stand for colours, which printers of one
+  // colour don't have.
+  void background(const Drawing& drawing, const Place& size) {
+    const int shade = PclShade(drawing.colorMode, drawing.background);
+    pcl.plain("TR0" + (shade > 0 ? "SP1FT10," + std::to_string(shade) : "SP0"));
+    pcl.plain("RR" + shortened(size.x, unit.x) + ",-" + shortened(size.y, unit.y));
+    pcl.plain(shade > 0 ? "FTTR1" : "TR1");
+  }
   // Pen 1 is black unless it is set.
   void setPen(int number, int colorMode, const Color& color) {
     const Rgb rgb = ScreenColor(colorMode, color);
@@ -182,7 +192,7 @@ void WriteHpGl2(const Drawing& drawing, const PclPage& page, int dpi, Pcl& pcl) 
   HpGl2 plotter(pcl, UnitOf(drawing, page), dpi);
   pcl.command("*p0P");
   plotter.enter();
-  plotter.setUp(drawing);
+  plotter.setUp(drawing, page);
   WriteShapes(drawing, page, plotter);
   bool penChosen = !HasTextPen(drawing);
   for (const TextRun& run : drawing.texts) {

@@ -4,24 +4,13 @@
 #include "library/writer/PclHpGl2.h"
 #include "library/writer/PclPage.h"
 
-#include <cmath>
-
 namespace Library {
 namespace {
 
 using Area = PclPage::Area;
 
-// In percent of ink, of which printers without colour make dots.
-int ShadeOf(int mode, const Color& color) {
-  const double* c = color.components;
-  const double light = mode == 2   ? (1 - (c[0] + c[1] + c[2]) / 3) * (1 - c[3])
-                       : mode == 1 ? c[0]
-                                   : 0.299 * c[0] + 0.587 * c[1] + 0.114 * c[2];
-  return static_cast<int>(std::lround((1 - light) * 100));
-}
-
 void WriteBackground(const Drawing& drawing, const PclPage& page, Pcl& pcl) {
-  const int shade = ShadeOf(drawing.colorMode, drawing.background);
+  const int shade = PclShade(drawing.colorMode, drawing.background);
   if (shade > 0) pcl.setShade(shade);
   pcl.fill({0, 0, page.size.x, page.size.y}, shade > 0 ? Pcl::Fill::kShade : Pcl::Fill::kWhite);
 }
@@ -67,10 +56,10 @@ std::string PclWriter::write(const Drawing& drawing) const {
   // Printers draw underlining along every way to the right, which would join bars.
   if (language == Mode::kPclOnly) pcl.command("&d@");
   fromCursor ? pcl.moveFromCursor(page.origin) : pcl.moveOnPage(page.origin);
-  if (drawing.opaqueBackground) WriteBackground(drawing, page, pcl);
   if (language == Mode::kHpGl2) {
     WriteHpGl2(drawing, page, resolution, pcl);
   } else {
+    if (drawing.opaqueBackground) WriteBackground(drawing, page, pcl);
     WriteAreas(drawing, page, resolution, pcl);
     WriteTextInSecondaryFont(drawing, page, pcl);
   }

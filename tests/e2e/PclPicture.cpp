@@ -84,11 +84,16 @@ class Painter {
   }
   bool paintPlotted() {
     if (!take("\033*p0P")) return false;
+    if (width > 0) refuse();  // HP-GL/2 doesn't turn with the print direction, rectangles do
     expect("\033%1BIN\033%0A\033%1B");
-    match("(?:PC[12](?:,[0-9]+){3})*");
-    if (!match("SP1SC0,([0-9.]+),0,([0-9.]+),2PR")) refuse();
+    if (!match("SC0,([0-9.]+),0,([0-9.]+),2PR")) refuse();
     const double unitX = number(1) / 1016 * page.dpi, unitY = number(2) / 1016 * page.dpi;
     double penX = x, penY = y;
+    if (match("TR0(?:SP0|SP1FT10,[0-9]+)RR([0-9.]+),-([0-9.]+)(?:FT)?TR1")) {
+      fill(penX, penY, number(1) * unitX, number(2) * unitY, 255);
+    }
+    match("(?:PC[12](?:,[0-9]+){3})*");
+    expect("SP1");
     while (!take("DF\033%0A\033*p1P")) {
       if (match("PU(-?[0-9.]+),(-?[0-9.]+)")) {
         penX += number(1) * unitX;
