@@ -15,7 +15,7 @@ struct MatrixCode {
 
 void Draw(const MatrixCode& code, const EncoderInput& input, Symbol& symbol) {
   const Options& options = input.options;
-  if (options.eci > code.maxEci) throw Error(BC_E_INVALIDARG);
+  if (options.eci > code.maxEci) throw Error(BC_E_NOTSUPPORTED);
   ZintSymbol encoded(code.zint);
   encoded->eci = options.eci;
   if (options.placeInMessage.count > 1) {

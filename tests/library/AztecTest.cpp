@@ -4,6 +4,7 @@
 #include "library/symbology/AztecMessage.h"
 #include "library/symbology/ZintSymbol.h"
 #include "tests/library/ScanSymbol.h"
+#include "tests/library/Sweep.h"
 
 #include <gtest/gtest.h>
 
@@ -162,7 +163,7 @@ class Source {
   std::size_t below(std::size_t bound) { return random() % bound; }
 
  private:
-  std::mt19937 random{24778};
+  std::mt19937 random = Seeded(24778);
 };
 
 std::vector<std::string> Each(int first, int last) {

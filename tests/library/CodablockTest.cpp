@@ -6,6 +6,7 @@
 #include "tests/library/Code128Reader.h"
 #include "tests/library/Coverage.h"
 #include "tests/library/ScanSymbol.h"
+#include "tests/library/Sweep.h"
 
 #include <gtest/gtest.h>
 
@@ -100,7 +101,7 @@ std::string RandomData(int kind, std::size_t length, std::mt19937& random) {
 }  // namespace
 
 TEST(Codablock, HoldsRandomDataInEveryShape) {
-  std::mt19937 random{74};
+  std::mt19937 random = Seeded(74);
   for (int run = 0; run < 300; ++run) {
     Options options = OptionsFor(kCodablock, RandomData(run % 4, 1 + random() % 400, random));
     SCOPED_TRACE(testing::PrintToString(options.data));
@@ -116,13 +117,15 @@ TEST(Codablock, HoldsRandomDataInEveryShape) {
 }
 
 TEST(Codablock, IsNeverLargerThanOtherEncodersMakeIt) {
-  std::mt19937 random{110};
+  std::mt19937 random = Seeded(110);
   for (int run = 0; run < 120; ++run) {
     Options options = OptionsFor(kCodablock, RandomData(2 * (run % 2), 1 + random() % 300, random));
     Library::ZintSymbol other(BARCODE_CODABLOCKF);
     if (run % 3 > 0) options.codablock.columns = 5 + run / 4;
     if (run % 3 > 0) other->option_2 = options.codablock.columns + 5;
-    other.encode(options.data);
+    if (!other.tryEncode(options.data)) continue;
+    // Data that do not fit get other columns from it.
+    if (run % 3 > 0 && other->width != 11 * other->option_2 + 2) continue;
     const Symbol ours = Library::Encode(options);
     const auto area = [](int rows, int width) { return width * (11 * rows + 1); };
     EXPECT_LE(area(static_cast<int>(DataRows(ours).size()), ours.width),

@@ -6,6 +6,7 @@
 #include "library/symbology/Code128.h"
 #include "tests/library/Code128Reader.h"
 #include "tests/library/ScanSymbol.h"
+#include "tests/library/Sweep.h"
 
 #include <gtest/gtest.h>
 
@@ -83,7 +84,7 @@ class RandomData {
   }
 
  private:
-  std::mt19937 random{20231};
+  std::mt19937 random = Seeded(20231);
 };
 
 }  // namespace

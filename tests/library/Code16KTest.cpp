@@ -6,6 +6,7 @@
 #include "tests/library/Code128Reader.h"
 #include "tests/library/Coverage.h"
 #include "tests/library/ScanSymbol.h"
+#include "tests/library/Sweep.h"
 
 #include <gtest/gtest.h>
 
@@ -129,7 +130,7 @@ TEST(Code16K, HoldsRandomDataOfEveryLength) {
   const std::string letters =
       "ab\x01\x02"
       "CD01234567890123456789";
-  std::mt19937 random{16};
+  std::mt19937 random = Seeded(16);
   for (int length = 1; length <= 60; ++length) {
     for (const int kind : {0, 1, 2, 3}) {
       std::string data;

@@ -2,6 +2,7 @@
 #include "library/prepare/CheckDigits.h"
 #include "tests/library/Coverage.h"
 #include "tests/library/ScanSymbol.h"
+#include "tests/library/Sweep.h"
 #include "tests/library/SymbolPage.h"
 
 #include <gtest/gtest.h>
@@ -53,7 +54,7 @@ TEST(DataBar, IsDrawnAsBwippDrawsIt) {
 }
 
 TEST(DataBar, IsReadBack) {
-  std::mt19937 random{24724};
+  std::mt19937 random = Seeded(24724);
   for (const int type : {29, 78, 79, 80}) {
     for (int i = 0; i < 25; ++i) {
       const std::string gtin = RandomGtin(type, random);

@@ -2,6 +2,7 @@
 #include "library/symbology/DataMatrixPattern.h"
 #include "library/symbology/ZintSymbol.h"
 #include "tests/library/ScanSymbol.h"
+#include "tests/library/Sweep.h"
 
 #include <gtest/gtest.h>
 
@@ -48,7 +49,7 @@ std::size_t Modules(const Symbol& symbol) {
 }  // namespace
 
 TEST(DataMatrix, OfAllLengthsIsReadAndNoLargerThanLibzints) {
-  std::mt19937 random{16022};
+  std::mt19937 random = Seeded(16022);
   for (std::size_t length = 1; length < 900; length += 1 + length / 60) {
     const std::string data = MixedData(length, random);
     SCOPED_TRACE(testing::PrintToString(data));
@@ -59,7 +60,7 @@ TEST(DataMatrix, OfAllLengthsIsReadAndNoLargerThanLibzints) {
 }
 
 TEST(DataMatrix, HoldsInEverySizeWhatTheStandardSays) {
-  std::mt19937 random{24};
+  std::mt19937 random = Seeded(24);
   int size = 0;
   for (const Library::DataMatrixShape& shape : Library::DataMatrixShapes()) {
     SCOPED_TRACE(++size);

@@ -2,6 +2,7 @@
 #include "library/layout/Layout.h"
 #include "library/writer/PostScriptWriter.h"
 #include "tests/library/ScanSymbol.h"
+#include "tests/library/Sweep.h"
 #include "tests/support/Decode.h"
 
 #include <gtest/gtest.h>
@@ -25,7 +26,7 @@ Options Shipment(std::string service, std::string country, std::string postal) {
 }  // namespace
 
 TEST(MaxiCode, OfAllLengthsIsRead) {
-  std::mt19937 random{16023};
+  std::mt19937 random = Seeded(16023);
   const std::string kKinds[] = {"0123456789", "ABCXYZ 12345.,", "abcxyz ABC-+&",
                                 "\xC4\xD6\xE9\x01!"};
   for (const int mode : {4, 5}) {

@@ -24,7 +24,7 @@ std::string CharacterRange(int first, int last);
 
 class RandomData {
  public:
-  explicit RandomData(unsigned seed) : random(seed) {}
+  explicit RandomData(const std::mt19937& numbers) : random(numbers) {}
 
   std::string of(const std::vector<std::string>& pieces, std::size_t length);
   // Stretches of one kind after another.

@@ -6,6 +6,7 @@
 #include "library/symbology/ZintSymbol.h"
 #include "tests/library/Coverage.h"
 #include "tests/library/ScanSymbol.h"
+#include "tests/library/Sweep.h"
 
 #include <gtest/gtest.h>
 
@@ -84,7 +85,7 @@ class Source {
   }
 
  private:
-  std::mt19937 random{18004};
+  std::mt19937 random = Seeded(18004);
 };
 
 // Masks

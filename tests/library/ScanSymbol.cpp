@@ -57,21 +57,47 @@ Bitmap Draw(const Library::Symbol& symbol) {
   return bitmap;
 }
 
-}  // namespace
+// What a symbol can be, most likely ones first: bars at random, and modules of other matrices,
+// would stop the search for QR Codes.
+std::vector<ZXing::BarcodeFormats> FormatsOf(const Library::Symbol& symbol) {
+  using enum ZXing::BarcodeFormat;
+  constexpr int kMicroQrCode = 97;
+  if (symbol.type == kMicroQrCode) return {MicroQRCode};
+  switch (symbol.geometry) {
+    case Library::Geometry::kHexagonal:
+      return {MaxiCode};
+    case Library::Geometry::kMatrix:
+      return {Aztec | DataMatrix, QRCode};
+    default:
+      return {LinearCodes | PDF417};
+  }
+}
 
-Scanned Scan(const Library::Symbol& symbol) {
+ZXing::Result Read(const Library::Symbol& symbol) {
+  constexpr int kExtendedCode39 = 9;
   const Bitmap bitmap = Draw(symbol);
+  const ZXing::ImageView image(bitmap.pixels.data(), bitmap.width, bitmap.height,
+                               ZXing::ImageFormat::Lum);
   ZXing::DecodeHints hints;
   hints.setTryHarder(true);
   hints.setEanAddOnSymbol(ZXing::EanAddOnSymbol::Read);
   hints.setReturnCodabarStartEnd(true);
-  constexpr int kExtendedCode39 = 9;
   hints.setTryCode39ExtendedMode(symbol.type == kExtendedCode39);
-  const bool hexagons = symbol.geometry == Library::Geometry::kHexagonal;
-  hints.setIsPure(hexagons || symbol.geometry == Library::Geometry::kMatrix);
-  if (hexagons) hints.setFormats(ZXing::BarcodeFormat::MaxiCode);
-  const ZXing::Result result = ZXing::ReadBarcode(
-      {bitmap.pixels.data(), bitmap.width, bitmap.height, ZXing::ImageFormat::Lum}, hints);
+  hints.setIsPure(symbol.geometry == Library::Geometry::kHexagonal ||
+                  symbol.geometry == Library::Geometry::kMatrix);
+  ZXing::Result result;
+  for (const ZXing::BarcodeFormats formats : FormatsOf(symbol)) {
+    hints.setFormats(formats);
+    result = ZXing::ReadBarcode(image, hints);
+    if (result.isValid()) break;
+  }
+  return result;
+}
+
+}  // namespace
+
+Scanned Scan(const Library::Symbol& symbol) {
+  const ZXing::Result result = Read(symbol);
   const ZXing::ByteArray& bytes = result.bytes();
   const ZXing::ByteArray withEci = result.bytesECI();
   return {symbol.type,

@@ -1,5 +1,6 @@
 #include "library/symbology/Symbology.h"
 #include "tests/library/ScanSymbol.h"
+#include "tests/library/Sweep.h"
 #include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -67,7 +68,7 @@ TEST(Symbologies, AreListedInTheGuide) {
 }
 
 TEST(Symbologies, OfTwoDimensionsHoldAllBytesAtEveryLength) {
-  std::mt19937 random{417};
+  std::mt19937 random = Seeded(417);
   for (const int type : {55, 58, 71, 92}) {
     for (int length = 1; length < 1000; length += 1 + length / 12) {
       const std::string data = RandomBytes(length, random);
@@ -191,7 +192,7 @@ TEST(SymbologyOptions, OfDataMatrixFormatsReachTheReader) {
 }
 
 TEST(SymbologyOptions, OfAztecGiveTheErrorCorrectionAskedFor) {
-  std::mt19937 random{92};
+  std::mt19937 random = Seeded(92);
   for (const int length : {1, 20, 45, 55, 62, 70, 300, 500}) {
     const std::string data = RandomBytes(length, random);
     int last = 0;
@@ -208,7 +209,7 @@ TEST(SymbologyOptions, OfAztecGiveTheErrorCorrectionAskedFor) {
 }
 
 TEST(SymbologyOptions, OfAztecCompactSizesMakeNoSymbolThatCannotBeRead) {
-  std::mt19937 random{64};
+  std::mt19937 random = Seeded(64);
   Options options = OptionsFor(92, "");
   options.aztec.size = 4;
   int read = 0;
