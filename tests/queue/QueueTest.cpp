@@ -22,6 +22,8 @@ class Queue : public testing::Test {
   static void add(const Scheduler& scheduler, const std::string& queue, const std::string& mode) {
     const Finished added = scheduler.tool("add " + queue + " --mode " + mode);
     ASSERT_EQ(added.status, 0) << added.errors;
+    const bool fewer = mode == "psboth" || mode == "pcl" || mode == "any";
+    EXPECT_EQ(added.output.find("printer's now") != std::string::npos, fewer) << added.output;
   }
 };
 
@@ -90,20 +92,56 @@ TEST_F(Queue, PrintsBarcodesInEveryMode) {
 
 TEST_F(Queue, LeavesPagesToTheScheduler) {
   const Scheduler scheduler;
-  scheduler.addQueue("pre");
-  add(scheduler, "pre", "pre");
-  const auto printed = [&](std::string_view options, const Environment& client = {}) {
-    return Read(
-        scheduler.printed(scheduler.submit("pre", Job({"First1", "Second2"}), options, client)));
+  for (const char* mode : {"pre", "psboth"}) {
+    scheduler.addQueue(mode);
+    add(scheduler, mode, mode);
+  }
+  scheduler.addRawQueue("raw");
+  add(scheduler, "raw", "raw");
+  const struct {
+    const char *queue, *options, *read;
+  } kRows[] = {
+      {"pre", "-n 2", "First1 |First1 |Second2 |Second2 "},
+      {"pre", "-o number-up=2", "First1 Second2 "},
+      {"pre", "-o page-ranges=2", "Second2 "},
+      {"pre", "-o landscape", "First1 |Second2 "},
+      {"pre", "-n 2 -o number-up=2 -o landscape", "First1 Second2 |First1 Second2 "},
+      // The banner is a page of its own.
+      {"pre", "-o job-sheets=standard,none", "|First1 |Second2 "},
+      // Nothing of that is made for jobs that arrive as PostScript.
+      {"psboth", "-n 2 -o number-up=2 -o page-ranges=2", "First1 |Second2 "},
+      // The real backend makes the copies.
+      {"raw", "-n 2", "First1 |Second2 |First1 |Second2 "},
   };
-  EXPECT_EQ(printed("-n 2"), "First1 |First1 |Second2 |Second2 ");
-  EXPECT_EQ(printed("-o number-up=2"), "First1 Second2 ");
-  EXPECT_EQ(printed("-o page-ranges=2"), "Second2 ");
-  EXPECT_EQ(printed("-o landscape"), "First1 |Second2 ");
-  // The banner is a page of its own, and a client's decimal commas stay out of the job.
-  EXPECT_EQ(
-      printed("-o job-sheets=standard,none", {{"LC_ALL", "de_DE.UTF-8"}, {"LANG", "de_DE.UTF-8"}}),
-      "|First1 |Second2 ");
+  for (const auto& [queue, options, read] : kRows) {
+    SCOPED_TRACE(std::string(queue) + ' ' + options);
+    const std::string job = scheduler.submit(queue, Job({"First1", "Second2"}), options);
+    EXPECT_EQ(Read(scheduler.printed(job)), read);
+  }
+}
+
+// A client's language reaches the filters, and with it decimal commas.
+TEST_F(Queue, PrintsForClientsWithDecimalCommas) {
+  const Lines configuration = {"filter", "insert=auto", "modulewidth=0.33"};
+  const Scheduler scheduler(configuration);
+  const Environment client = scheduler.germanClient();
+  ASSERT_EQ(scheduler.run("locale decimal_point", client).output, ",\n") << "install locales";
+  scheduler.write("installed/lib/cups/backend/capture",
+                  "#!/bin/bash\n[ $# = 0 ] || { cat; printf '%%%.1f\\n' 1,5; } >" +
+                      scheduler.file("printed/") + "$PRINTER-$1\n");
+  for (const char* mode : {"pre", "any"}) {
+    SCOPED_TRACE(mode);
+    scheduler.addQueue(mode);
+    add(scheduler, mode, mode);
+    const std::string job = Job({"First1"});
+    std::string printed = scheduler.printed(scheduler.submit(mode, job, {}, client));
+    ASSERT_TRUE(printed.ends_with("%1,5\n")) << printed;  // so the filters had commas
+    EXPECT_EQ(Read(printed), "First1 ");
+    printed.resize(printed.size() - 5);
+    if (mode == std::string("any")) {
+      EXPECT_EQ(printed, Program{.settings = configuration}.run(job).output);
+    }
+  }
 }
 
 TEST_F(Queue, KeepsApartWhatPrintsAtOnce) {

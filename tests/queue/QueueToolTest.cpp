@@ -115,17 +115,57 @@ TEST_F(QueueTool, RefusesInASentenceAndChangesNothing) {
   EXPECT_EQ(ReadFile(scheduler.ppd("q")), before);
   EXPECT_FALSE(fs::exists(scheduler.file("root/vextorin")));
   fs::permissions(filter, fs::perms(0755));
+}
 
-  if (geteuid() != 0) return;
-  const std::string asUser = "setpriv --reuid 65534 --regid 65534 --clear-groups -- ";
-  const Finished listed =
-      scheduler.run(asUser + scheduler.file("installed/sbin/vextorin-queue") + " list");
-  EXPECT_EQ(listed.status, 1);
-  EXPECT_TRUE(Holds(listed.errors, "only an administrator can read ")) << listed.errors;
-  const Finished user =
-      scheduler.run(asUser + scheduler.file("installed/sbin/vextorin-queue") + " add q");
-  EXPECT_EQ(user.status, 1);
-  EXPECT_TRUE(Holds(user.errors, "only an administrator can change queues")) << user.errors;
+// What stops an administrator who has no rights or no disk to write to.
+TEST_F(QueueTool, ChangesNothingWhereItMayNot) {
+  if (geteuid() != 0) GTEST_SKIP() << "Root alone can be another user, or mount";
+  const Scheduler scheduler;
+  scheduler.addQueue("q");
+  scheduler.addQueue("wired");
+  scheduler.addRawQueue("r");
+  ASSERT_EQ(scheduler.tool("add wired").status, 0);
+  const auto state = [&] {
+    return scheduler.run("find " + scheduler.file("root") + " -type f -exec cksum {} +").output +
+           scheduler.run("lpstat -v").output;
+  };
+  const std::string before = state();
+  const std::string tool = ' ' + scheduler.file("installed/sbin/vextorin-queue") + ' ';
+  const std::string asUser = "setpriv --reuid 65534 --regid 65534 --clear-groups --";
+  for (const auto& [command, sentence] :
+       Environment{{"add q", "only an administrator can change queues: try sudo vextorin-queue"},
+                   {"add r --mode raw", "only an administrator can change queues"},
+                   {"remove wired", "only an administrator can change queues"},
+                   {"remove --all", "only an administrator can change queues"},
+                   {"list", "only an administrator can read "},
+                   {"check", "only an administrator can read "},
+                   {"test wired", "only an administrator can read "}})
+    EXPECT_TRUE(Holds(Refusal(scheduler.run(asUser + tool + command)), sentence)) << command;
+  EXPECT_EQ(state(), before);
+
+  const std::string script = scheduler.write(
+      "script", "mount --bind \"$1\" \"$1\" && mount -o remount,bind,ro \"$1\" && shift && \"$@\"");
+  const std::string readOnly = "unshare --mount sh " + script + ' ';
+  const std::string root = scheduler.file("root");
+  if (scheduler.run(readOnly + root + " true").status != 0)
+    GTEST_SKIP() << "Nothing can be mounted";
+  for (const std::string command : {"add q", "add r --mode raw", "remove wired"})
+    EXPECT_EQ(Refusal(scheduler.run(readOnly + root + tool + command)),
+              "vextorin-queue: " + root + " can't be written: is the file system read-only?");
+  const std::string own = scheduler.write("own.conf", "filter\n");
+  const std::string filters = scheduler.programs() + "/filter";
+  EXPECT_EQ(Refusal(scheduler.run(readOnly + filters + tool + "add q --conf " + own)),
+            "vextorin-queue: " + filters + " can't be written: is the file system read-only?");
+  EXPECT_EQ(state(), before);
+}
+
+// Systems that packages are installed in have no /dev/fd, which process substitution takes.
+TEST(QueueScripts, DoWithoutProcessSubstitution) {
+  for (const char* name : {"packaging/vextorin-queue", "packaging/vextorin-backend"}) {
+    const std::string script = ReadFile(VEXTORIN_SOURCE_FOLDER "/" + std::string(name));
+    EXPECT_TRUE(script.starts_with("#!/bin/bash\n")) << name;
+    EXPECT_FALSE(Holds(script, "<(")) << name;
+  }
 }
 
 // The commands that a check prints against its findings.

@@ -154,6 +154,7 @@ void Scheduler::writeConfiguration() const {
   set("User", User());
   set("Group", Group());
   set("SystemGroup", IsRoot() ? "root" : "sys");
+  files += "SetEnv LOCPATH " + file("locales") + '\n';
   folder.write("root/cups-files.conf", files);
   folder.write("root/cupsd.conf",
                "Listen " + file("socket") +
@@ -188,7 +189,10 @@ Finished Scheduler::run(std::string_view command, const Environment& more) const
                              {"CUPS_SERVERROOT", file("root")},
                              {"LC_ALL", "C"},
                              {"PATH", "/usr/sbin:/usr/bin:/sbin:/bin"}};
-  environment.insert(environment.end(), more.begin(), more.end());
+  for (const auto& variable : more) {
+    std::erase_if(environment, [&](const auto& own) { return own.first == variable.first; });
+    environment.push_back(variable);
+  }
   return Support::Run({.arguments = Split(command, " "), .environment = environment});
 }
 
@@ -227,6 +231,15 @@ std::string Scheduler::submit(const std::string& queue, std::string_view job,
   const std::size_t begin = sent.output.find(' ' + queue + '-');
   if (begin == std::string::npos) return {};
   return sent.output.substr(begin + 1, sent.output.find(' ', begin + 1) - begin - 1);
+}
+
+Environment Scheduler::germanClient() const {
+  const std::string name = "de_DE.UTF-8";
+  fs::create_directories(file("locales"));
+  const Finished made = Support::Run({.arguments = {"localedef", "--no-archive", "-i", "de_DE",
+                                                    "-f", "UTF-8", file("locales/" + name)}});
+  EXPECT_EQ(made.status, 0) << made.errors;
+  return {{"LOCPATH", file("locales")}, {"LC_ALL", name}, {"LANG", name}};
 }
 
 std::string Scheduler::outcome(const std::string& job) const {

@@ -36,6 +36,9 @@ class Scheduler {
   // Submits a job to a queue by lp with options; the job's name. `environment`: the client's.
   std::string submit(const std::string& queue, std::string_view job, std::string_view options = {},
                      const Environment& environment = {}) const;
+  // The environment of a client whose locale has decimal commas. It is made for the test: systems
+  // have it seldom.
+  Environment germanClient() const;
   // Waits until nothing more happens to the job: "completed", "stopped" or "held".
   std::string outcome(const std::string& job) const;
   // What the printer got of it, once it is complete; empty, with a test failure, when it isn't.
