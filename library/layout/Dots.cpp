@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdint>
 #include <numeric>
+#include <optional>
 #include <utility>
 
 namespace Library {
@@ -92,6 +93,37 @@ double Round(double value) {
   return std::floor(value + 0.5);
 }
 
+// The borders of columns and rows of a symbol that is symmetric: every square round its middle has
+// the number of dots that is nearest to its modules among the odd or among the even ones, and the
+// one that readers measure is whole dots.
+class CentredGrid {
+ public:
+  CentredGrid(const BarField& field, double dots)
+      : modules(Round(field.columns)), measure(field.centre) {
+    const double most = modules * dots + kHalfDot;
+    measured = std::floor(measure * most / modules);
+    size = sizeOf(modules);
+    if (size > most) size -= 2;
+  }
+
+  double dots() const { return size; }
+
+  double border(double module) const {
+    const double fromMiddle = 2 * module - modules;
+    const double square = std::min(sizeOf(std::abs(fromMiddle)), size);
+    return (size + std::copysign(square, fromMiddle)) / 2;
+  }
+
+ private:
+  double sizeOf(double square) const {
+    const double odd = std::fmod(measured, 2);
+    return odd + 2 * Round((square * measured / measure - odd) / 2);
+  }
+
+  double modules, measure;
+  double measured = 0, size = 0;  // in dots
+};
+
 // Rectangles of one field in dots from its origin.
 class FieldOnDots {
  public:
@@ -119,19 +151,35 @@ class FieldOnDots {
     if (matrix && std::abs(u - v) > u / 100) return;
     const double ideal = d;
     d = DotsPerModule(field, ideal);
-    if (d == ideal) return;
-    x0 = std::trunc(field.columns * (ideal - d) / 2);
-    u = d / field.module;
-    if (!matrix) return;
-    y0 = std::trunc(field.rows * (ideal - d) / 2);
-    v = u;
+    if (d != ideal) {
+      x0 = std::trunc(field.columns * (ideal - d) / 2);
+      u = d / field.module;
+      if (!matrix) return;
+      y0 = std::trunc(field.rows * (ideal - d) / 2);
+      v = u;
+    }
+    if (field.centre > 0 && d >= kCentredFrom) centre();
+  }
+
+  void centre() {
+    grid.emplace(field, d);
+    const double less = std::trunc((field.columns * d - grid->dots()) / 2);
+    x0 += less;
+    y0 += less;
+  }
+
+  double along(double x) const {
+    return grid ? grid->border(Round(x / field.module)) : Round(x * u);
+  }
+  double across(double y) const {
+    return grid ? grid->border(Round(y / field.module)) : Round(y * v);
   }
 
   void add(const Rectangle& onPage) {
     const Rectangle r = InField(field, onPage);
-    bottom = y0 + Round(r.bottom * v);
-    top = y0 + Round(r.top * v);
-    put(Round(r.left * u), Round(r.right * u));
+    bottom = y0 + across(r.bottom);
+    top = y0 + across(r.top);
+    put(along(r.left), along(r.right));
   }
 
   // A bar at least one dot wide.
@@ -211,6 +259,7 @@ class FieldOnDots {
   double u, v;  // dots per 1/1000 mm
   double d;     // dots per module
   double x0 = 0, y0 = 0, bottom = 0, top = 0;
+  std::optional<CentredGrid> grid;
   std::vector<Rectangle> found;
 };
 

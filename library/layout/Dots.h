@@ -9,6 +9,9 @@
 //     up or down the one is taken in which a decoder's measures come out best (FitCharacter);
 //   - symbols of two widths have equal narrow and equal wide elements at any size, and what is left
 //     over goes into the gaps between characters;
+//   - Aztec symbols are symmetric and have whole dots across what their readers measure (from
+//     kCentredFrom dots a module on), because those sample all modules from the bull's-eye
+//     outwards;
 //   - from kFitBelow dots a module on, and where nothing else is known, each edge by itself.
 //
 // Other writers use this; PostScript has it as a program (writer/PostScriptBars.cpp), which must do
@@ -24,6 +27,7 @@
 namespace Library {
 
 constexpr double kWholeDotsBelow = 3, kFitBelow = 6;
+constexpr double kCentredFrom = 2;
 
 // Places of the edges of a character `total` dots wide, without the first, which is 0. `widths` as
 // those of BarPart.

@@ -75,6 +75,7 @@ struct BarField {
   int rotation = 0;               // quarter turns counter-clockwise
   double module = 0;              // X
   double columns = 0, rows = 0;   // their size in X; rows: of a matrix
+  double centre = 0;              // of a matrix: the square in its middle that is to be whole dots
   double wide = 0;                // a wide element in X, of two widths
   double reduction = 0;           // of each bar; the rectangles have it already
   bool wholeDots = false;         // a module is to be whole dots, also where that is no gain

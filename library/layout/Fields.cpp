@@ -160,6 +160,7 @@ BarField LayOutField(const Symbol& symbol, const Options& options, const Measure
   if (symbol.geometry == Geometry::kMatrix) {
     field.rule = BarField::Rule::kMatrix;
     field.rows = static_cast<double>(symbol.rows.size());
+    if (BarReduction(options, widths.narrowBar(), m.module) == 0) field.centre = symbol.centre;
     return field;
   }
   field.reduction = BarReduction(options, widths.narrowBar(), m.module);

@@ -87,6 +87,11 @@ class Matrix {
   std::vector<std::uint8_t> modules;
 };
 
+// How far the mode message and the corners round the bull's-eye are from the centre.
+constexpr int FinderReach(bool compact) {
+  return compact ? 5 : 7;
+}
+
 // Rings and the corners that tell the orientation, as far as `reach` from the centre.
 void DrawFinder(Matrix& matrix, int reach) {
   for (int ring = 0; ring < reach; ring += 2) {
@@ -103,7 +108,7 @@ void DrawFinder(Matrix& matrix, int reach) {
 // Clockwise round the finder from the left of the upper side.
 void DrawModeMessage(Matrix& matrix, bool compact, const Words& message) {
   Bits bits(message, 4);
-  const int distance = compact ? 5 : 7;
+  const int distance = FinderReach(compact);
   const int sideBits = compact ? 7 : 10;
   for (int quarters = 0; quarters < 4; ++quarters) {
     Matrix::Side side(matrix, quarters);
@@ -182,6 +187,11 @@ void DrawLayers(Matrix& matrix, const AztecShape& shape, const Words& words) {
   }
 }
 
+// Readers go outwards from the bull's-eye's last ring but one.
+void SetMeasure(bool compact, Symbol& symbol) {
+  symbol.centre = 2 * FinderReach(compact) - 3;
+}
+
 }  // namespace
 
 void DrawAztec(const AztecShape& shape, std::vector<std::uint16_t> data, Symbol& symbol) {
@@ -191,8 +201,9 @@ void DrawAztec(const AztecShape& shape, std::vector<std::uint16_t> data, Symbol&
   Matrix matrix(reach);
   if (!shape.compact) DrawGrid(matrix, reach);
   DrawLayers(matrix, shape, data);
-  DrawFinder(matrix, shape.compact ? 5 : 7);
+  DrawFinder(matrix, FinderReach(shape.compact));
   DrawModeMessage(matrix, shape.compact, mode);
+  SetMeasure(shape.compact, symbol);
   matrix.copy(symbol);
 }
 
@@ -200,9 +211,10 @@ void DrawAztecRune(std::uint8_t number, Symbol& symbol) {
   Words message{static_cast<std::uint16_t>(number >> 4), static_cast<std::uint16_t>(number & 15)};
   AddCheckWords(message, 7, 4);
   for (std::uint16_t& word : message) word ^= 0b1010;
-  Matrix matrix(5);
-  DrawFinder(matrix, 5);
+  Matrix matrix(FinderReach(true));
+  DrawFinder(matrix, FinderReach(true));
   DrawModeMessage(matrix, true, message);
+  SetMeasure(true, symbol);
   matrix.copy(symbol);
 }
 

@@ -57,7 +57,8 @@ struct Symbol {
   int type = 0;
   Geometry geometry = Geometry::kLinear;
   ElementRule elements = ElementRule::kNoRatio;
-  int width = 0;  // modules
+  int width = 0;   // modules
+  int centre = 0;  // modules of the square in the middle that readers take the scale from; 0: none
   std::vector<SymbolRow> rows;
   std::vector<ModuleSpan> guards;
   ModuleSpan addOn;  // empty: none

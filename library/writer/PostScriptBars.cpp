@@ -3,6 +3,7 @@
 #include "library/layout/Dots.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace Library {
 namespace {
@@ -54,6 +55,17 @@ constexpr std::string_view kWholeEdges = "/Y{1 K V S d V div/u X}C";
 constexpr std::string_view kWholeMatrix =
     "/Z{u v sub abs u .01 mul gt{pop pop pop}{2 K u mul/e X 2 K V S e d ne\n"
     "{e d sub mul 2 div cvi 0 V translate d V div dup/u X/v X}{pop pop}ifelse}ifelse}C";
+
+// U      X modules measure U: sets N and M, which take x and y to dots: for a symbol that is to be
+//        symmetric (CentredGrid) by borders of modules, w dots in all
+// W      modules W: the dots of a square that has so many
+constexpr std::string_view kCentredProcedures =
+    "/U{/c X/n X/l X/M{v mul round}C/N{u mul round}C f u v sub abs u .01 mul le and\n"
+    "{d 2 ge{n d mul .5 add/e X c e mul n div floor cvi/k X/p k 2 mod def\n"
+    "n W dup e gt{2 sub}if/w X n d mul w sub 2 div cvi dup translate\n"
+    "/N{l div round 2 mul n sub dup abs W w 2 copy gt{V}if pop V 0 lt{neg}if w add 2 div}C\n"
+    "/M/N load def}if}if}C/W{k mul c div p sub 2 div round cvi 2 mul p add}C\n"
+    "/R{M V M V E/y X/h X/x 0 def}C/A{V x add dup N 3 1 roll add dup/x X N B}C";
 
 // L      dark L: a row begins
 // P      string runs P: characters of so many runs each
@@ -119,6 +131,7 @@ void WriteProcedures(const Drawing& drawing, TextBuilder& out) {
   }
   if (Uses(drawing, Rule::kEdges)) out.line(kWholeEdges);
   if (Uses(drawing, Rule::kMatrix)) out.line(kWholeMatrix);
+  if (first->centre > 0) out.line(kCentredProcedures);
   if (characters) out.line(kCharacterProcedures);
   if (twoWidths) out.line(kTwoWidthProcedures);
 }
@@ -229,6 +242,7 @@ void WriteField(const BarField& field, std::span<const Rectangle> rectangles, co
         << (field.rule == Rule::kMatrix  ? "Z"
             : field.rule == Rule::kEdges ? "Y"
                                          : "S");
+    if (field.centre > 0) out << field.module << std::round(field.columns) << field.centre << "U";
   }
   if (field.bars.empty()) WriteEdges(field, rectangles.subspan(field.first, field.count), out);
   for (const BarRow& row : field.bars) WriteRow(field, row, out);

@@ -3,6 +3,7 @@
 #include "library/symbology/Encode.h"
 #include "library/writer/PostScriptWriter.h"
 #include "tests/library/ScanSymbol.h"
+#include "tests/support/Decode.h"
 #include "tests/support/Render.h"
 
 #include <gtest/gtest.h>
@@ -100,6 +101,8 @@ const Case kCases[] = {
     {"QR Code", 58, "https://example.com/q?a=1", {}},
     {"Data Matrix, whole dots asked for", 71, "Data Matrix",
      [](Options& o) { o.optimalResolution = true; }},
+    {"Aztec Code", 92, "Aztec Code", {}},
+    {"Aztec Code, not compact", 92, "2000 characters", [](Options& o) { o.aztec.size = 10; }},
     {"Aztec Code, narrower", 92, "Aztec", [](Options& o) { o.reduction = 29.3; }},
 };
 
@@ -197,6 +200,35 @@ TEST(DeviceDots, KeepTheSymbolInItsBoxAndItsTextInPlace) {
           EXPECT_LE(r.top, drawing.box.top * unit + 1.01) << row.name << module;
         }
       }
+    }
+  }
+}
+
+// With a quiet zone round them.
+Support::Page PageOf(const std::vector<std::string>& dots, int dpi) {
+  constexpr std::size_t kQuiet = 20;
+  const std::size_t width = dots[0].size() + 2 * kQuiet, height = dots.size() + 2 * kQuiet;
+  Support::Page page{static_cast<int>(width), static_cast<int>(height), dpi, {}};
+  page.gray.assign(width * height, 255);
+  for (std::size_t y = 0; y < dots.size(); ++y) {
+    std::transform(dots[y].begin(), dots[y].end(), &page.gray[(y + kQuiet) * width + kQuiet],
+                   [](char dot) { return dot == '#' ? std::uint8_t{0} : std::uint8_t{255}; });
+  }
+  return page;
+}
+
+// The reader goes outwards from the bull's-eye and loses its way where modules that are a dot wider
+// or narrower lie unevenly round it.
+TEST(DeviceDots, OfAztecSymbolsAreReadFromTwoAModuleOn) {
+  constexpr int kDpi = 203;
+  for (const std::size_t length : {3u, 20u, 120u, 300u, 1000u}) {
+    const std::string data(length, 'q');
+    for (double dots = 2; dots < 5.5; dots += 0.09) {
+      const Drawing drawing = Draw({"", 92, data.c_str(), {}}, dots * 25400 / kDpi, 0);
+      const std::vector<Support::Symbol> read =
+          Support::Decode(PageOf(DotsOf(drawing, kDpi), kDpi));
+      EXPECT_EQ(read.size(), 1u) << length << " characters at " << dots << " dots a module";
+      for (const Support::Symbol& symbol : read) EXPECT_EQ(symbol.data, data) << length;
     }
   }
 }
