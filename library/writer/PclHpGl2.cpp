@@ -27,6 +27,8 @@ std::string Real(double number) {
 // touches, or those whose centre lies inside, and so both paint the same. Little, for the cursor
 // from which places count may be between dots.
 constexpr double kShort = 0.1, kLeastShort = 0.08, kMostShort = 0.16;
+// Where it saves a decimal, a hundredth of a large unit.
+constexpr double kShortShare = 0.01, kLimitShort = 0.45;
 
 // Dots to the unit in each direction.
 struct Unit {
@@ -159,9 +161,10 @@ class HpGl2 {
   }
   // With as few decimals as do.
   static std::string shortened(int dots, double unitInDots) {
+    const double most = std::clamp(kShortShare * unitInDots + 1e-9, kMostShort, kLimitShort);
     for (double decimals = 1;; decimals *= 10) {
       const double size = std::floor((dots - kLeastShort) / unitInDots * decimals) / decimals;
-      if (dots - size * unitInDots <= kMostShort) return Real(size);
+      if (dots - size * unitInDots <= most) return Real(size);
     }
   }
 

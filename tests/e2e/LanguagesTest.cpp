@@ -2,6 +2,7 @@
 #include "tests/e2e/LanguagePictures.h"
 #include "tests/e2e/PclPicture.h"
 #include "tests/support/Decode.h"
+#include "tests/support/Jobs.h"
 #include "tests/support/Program.h"
 
 #include <gtest/gtest.h>
@@ -194,6 +195,28 @@ TEST_P(Languages, PdfIsTheSameButForTheFillRule) {
   }
 }
 
+// A job that turns to PCL and, behind it, to PostScript.
+TEST_P(Languages, JobsHoldThemAsTheyAreAlone) {
+  const std::string begin = "\033%-12345X@PJL ENTER LANGUAGE=PCL\r\n\033EBefore ";
+  const std::string end =
+      "After\033E\033%-12345X@PJL ENTER LANGUAGE=POSTSCRIPT\r\n%!PS\nshowpage\n\033%-12345X";
+  for (const Language& mode : kPclModes) {
+    SCOPED_TRACE(mode.name);
+    const std::string alone = output(mode.settings + std::string(" pos=rel"));
+    Lines settings = Split(Settings(kind, rotation, " format=PCL pos=rel"), " ");
+    std::string sequence = "$_vxrs";
+    for (const std::string& option : settings) {
+      if (!option.empty()) sequence += " --" + option;
+    }
+    sequence += std::string(mode.settings).find("nohpgl") != std::string::npos
+                    ? " --pclmode=pcl5nohpgl $_vxre"
+                    : " $_vxre";
+    const std::string job = begin + sequence + end;
+    EXPECT_TRUE(Filter("remove").run(job).output == begin + alone + end);
+    EXPECT_TRUE(Filter().run(job).output == begin + alone + Blanks(sequence.size() - 1) + end);
+  }
+}
+
 std::string NameOf(const testing::TestParamInfo<Parameter>& info) {
   std::string name = kKinds[info.param.first].name;
   std::replace(name.begin(), name.end(), ' ', '_');
@@ -215,14 +238,22 @@ std::vector<Parameter> Parameters() {
 }
 INSTANTIATE_TEST_SUITE_P(Kinds, Languages, testing::ValuesIn(Parameters()), NameOf);
 
+// Of a size where modules take numbers of many digits.
 TEST(LanguagesSize, PclIsSmall) {
-  const Kind qr = {
-      "",
-      "barcode=58 QRversion=4 data=Forty_bytes_of_text_for_a_QR_Code_of_4. width=30 height=30",
-  };
-  for (const std::string mode : {"pclmode=pcl5 ", "pclmode=pcl5nohpgl "}) {
-    EXPECT_LT(Output(kKinds[0], 0, mode + "format=PCL nooverhead").size(), 1024u);
-    EXPECT_LT(Output(qr, 0, mode + "format=PCL nooverhead").size(), 4096u);
+  const std::string qr = "barcode=58 QRversion=4 xpos=12.345 ypos=67.891 dpi=300 ";
+  for (const Language& mode : kPclModes) {
+    SCOPED_TRACE(mode.name);
+    EXPECT_LT(Output(kKinds[0], 0, mode.settings).size(), 1024u);
+    for (const char* more :
+         {"width=30 height=30 data=Forty_bytes_of_text_for_a_QR_Code_of_4.",
+          "width=60 height=60 QRecl=3 data=34_bytes_that_fill_all_of_level_H",
+          "width=60 height=60 dpi=600 QRecl=0 data=0123456789012345678901234567890123456789"
+          "abcdefghijklmnopqrstuvwxyz.ABCDEFGHI"}) {
+      const Program::Result result = StandAlone(qr + more + " " + mode.settings).run();
+      EXPECT_EQ(result.errors, "");
+      EXPECT_LT(result.output.size(), 4096u) << more;
+      EXPECT_GT(result.output.size(), 2048u) << more;
+    }
   }
 }
 

@@ -13,7 +13,7 @@
 namespace Support {
 namespace {
 
-constexpr double kShort = 0.2 / 300;  // of an inch, for the sake of interpreters' fill rules
+constexpr double kShort = 0.45;  // of a dot, for the sake of interpreters' fill rules
 
 class Painter {
  public:
@@ -181,7 +181,7 @@ class Painter {
       return static_cast<int>(rounded);
     };
     const int x0 = whole(left, 0.06), y0 = whole(top, 0.06);
-    const int x1 = x0 + whole(wide, kShort * page.dpi), y1 = y0 + whole(tall, kShort * page.dpi);
+    const int x1 = x0 + whole(wide, kShort), y1 = y0 + whole(tall, kShort);
     if (x0 < 0 || y0 < 0 || x1 > page.width || y1 > page.height || x1 <= x0 || y1 <= y0) refuse();
     for (int line = y0; line < y1; ++line) {
       for (int i = x0; i < x1; ++i) {

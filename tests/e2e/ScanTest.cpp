@@ -1,5 +1,6 @@
 // Symbols in finished pages read back: rendered by Ghostscript as a printer would, decoded by two
 // foreign readers, at the place and turned the way the job asked for.
+#include "tests/e2e/PclPicture.h"
 #include "tests/support/Decode.h"
 #include "tests/support/Jobs.h"
 #include "tests/support/Program.h"
@@ -107,51 +108,28 @@ void AddForms(std::vector<Row>& rows) {
   }
 }
 
-std::string Orvella(const std::string& header, const std::string& data) {
-  const std::string control = "\x1c";
-  return control + 'a' + header + ';' + control + "b##" + data + control + 'b';
-}
-
-// Parameters and data of the older kinds of sequence. Orvella barcodes are PCL, drawn as PostScript
-// here.
-void AddOlderSyntaxes(std::vector<Row>& rows) {
+// Parameters and data of the older syntax of sequences.
+void AddOlderSyntax(std::vector<Row>& rows) {
   const std::string v1 = "filter\nv1format";
-  const std::string orvella = "filter\norvella=on\nxpos=10\nypos=14\nmodulewidth=0.3";
   const Row kRows[] = {
       {v1, "($_vxrs b20 w60 h20 dHello World $_vxre) show", "Code128", "Hello World "},
       {v1, "($_vxrs b8 m300 h15 Toff d\"A-1 B\"$_vxre) show", "Code39", "A-1 B"},
       {v1, "($_vxrs b55 w60 h20 Pr12 Pe4 dversion 1$_vxre) show", "PDF417", "version 1"},
       {v1, "($_vxrs b58 w30 h30 QRe3 r90 dturned$_vxre) show", "QRCode", "turned", "", 90},
       {v1, "($_vxrs b71 w25 h25 Ds10 son d\\\\x41BC$_vxre) show", "DataMatrix", "ABC"},
-      {orvella, Orvella("12,0,150,0,0,1", "Order 4711"), "Code128", "Order 4711"},
-      {orvella, Orvella("12,0,150,0,0,4", "Order 4711"), "Code128", "Order 4711", "", 90},
-      {orvella, Orvella("12,0,150,0,0,6", "Order 4711"), "Code128", "Order 4711"},
-      {orvella, Orvella("12,0,150,0,0,1", "\\saAB\\sh\\x61\\Sc1234\\f1"), "Code128", "ABa1234\x1d"},
-      {orvella, Orvella("1,0,200,0,3,0", "A-1"), "Code39", "A-1"},
-      {orvella, Orvella("3,0,200,10,0,2", "123456"), "ITF", "123456"},
-      {orvella, Orvella("6,0,250,0,0,1", "400638133393"), "EAN-13", "4006381333931"},
-      {orvella, Orvella("25,0,0,0,0,0,ECL=4", "Orvella data"), "PDF417", "Orvella data"},
   };
   rows.insert(rows.end(), std::begin(kRows), std::end(kRows));
 }
 
-// The page that a row prints; of an Orvella job, the barcode alone.
+// The page that a row prints; of a barcode alone, in the middle of a page.
 std::string PageOf(const Row& row) {
-  const bool pcl = row.show.starts_with('\x1c');
   const bool alone = row.show.empty();
   const std::string setup =
       row.box.width ? PageSetup(row.box.width, row.box.height) : PageSetup(alone ? 50 : 60, 30);
-  Program program = {.settings = Split(row.settings)};
-  if (pcl)
-    program.environment = {{"LD_PRELOAD", VEXTORIN_POSTSCRIPT_FOR_PCL},
-                           {"ASAN_OPTIONS", "verify_asan_link_order=0"}};
-  const Program::Result result = program.run(
-      pcl ? "\033E" + row.show + "\033E"
-          : setup + "72 25.4 div dup 10 mul exch 14 mul moveto\n" + row.show + "\nshowpage\n");
+  const Program::Result result = Program{.settings = Split(row.settings)}.run(
+      setup + "72 25.4 div dup 10 mul exch 14 mul moveto\n" + row.show + "\nshowpage\n");
   EXPECT_EQ(result.errors, "");
-  if (!pcl && !alone) return result.output;
-  const std::size_t begin = std::min(result.output.find("%!PS"), result.output.size());
-  return setup + result.output.substr(begin, result.output.rfind("\033E") - begin) + "\n";
+  return alone ? setup + result.output + "\n" : result.output;
 }
 
 // The only symbol of the page, which both readers find. Where a linear symbol was met between the
@@ -186,7 +164,7 @@ TEST(Scan, EveryBarcodeReadsAtItsPlaceAndInItsDirection) {
                             {15, 20, 50, 20}}};
   AddTypes(rows);
   AddForms(rows);
-  AddOlderSyntaxes(rows);
+  AddOlderSyntax(rows);
   for (const int dpi : {203, 300, 600}) {
     std::vector<Row> printed;
     std::ranges::copy_if(rows, std::back_inserter(printed),
@@ -200,6 +178,47 @@ TEST(Scan, EveryBarcodeReadsAtItsPlaceAndInItsDirection) {
       const Row& row = printed[page];
       SCOPED_TRACE(row.settings + '\n' + row.show + " at " + std::to_string(dpi) + " dpi");
       ExpectSymbol(rendering.pages[page], row);
+    }
+  }
+}
+
+std::string Orvella(const std::string& header, const std::string& data) {
+  const std::string control = "\x1c";
+  return control + 'a' + header + ';' + control + "b##" + data + control + 'b';
+}
+
+// Barcodes of PCL jobs, without what stands around them, from a corner of the page.
+TEST(Scan, OrvellaBarcodesReadFromTheirPcl) {
+  const struct {
+    std::string sequence;
+    const char* format;
+    std::string read;
+    int rotation = 0;
+  } kRows[] = {
+      {Orvella("12,0,150,0,0,1", "Order 4711"), "Code128", "Order 4711"},
+      {Orvella("12,0,150,0,0,4", "Order 4711"), "Code128", "Order 4711", 90},
+      {Orvella("12,0,150,0,0,6", "Order 4711"), "Code128", "Order 4711"},
+      {Orvella("12,0,150,0,0,1", "\\saAB\\sh\\x61\\Sc1234\\f1"), "Code128", "ABa1234\x1d"},
+      {Orvella("1,0,200,0,3,0", "A-1"), "Code39", "A-1"},
+      {Orvella("3,0,200,10,0,2", "123456"), "ITF", "123456"},
+      {Orvella("6,0,250,0,0,1", "400638133393"), "EAN-13", "4006381333931"},
+      {Orvella("25,0,0,0,0,0,ECL=4", "Orvella data"), "PDF417", "Orvella data"},
+  };
+  for (const std::string mode : {"PCL5", "PCL5noHPGL"}) {
+    for (const auto& row : kRows) {
+      SCOPED_TRACE(row.sequence + " in " + mode);
+      const Program::Result result =
+          Filter("orvella=on xpos=10 ypos=14 modulewidth=0.3 pclmode=" + mode)
+              .run("\033E" + row.sequence + "\033E");
+      EXPECT_EQ(result.errors, "");
+      const std::size_t begin = std::min(result.output.find("\033&f0S"), result.output.size());
+      const std::size_t end = result.output.rfind("\033E");
+      const Page page = PaintPcl(result.output.substr(begin, end - begin), 300, 100);
+      const std::vector<Symbol> symbols = Decode(page);
+      ASSERT_EQ(symbols.size(), 1u) << Describe(symbols);
+      EXPECT_EQ(symbols[0].format, row.format);
+      EXPECT_EQ(symbols[0].data, row.read);
+      EXPECT_EQ(symbols[0].orientation, row.rotation);
     }
   }
 }
