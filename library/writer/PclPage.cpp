@@ -4,6 +4,7 @@
 #include "library/layout/Dots.h"
 #include "library/layout/Move.h"
 #include "library/layout/Units.h"
+#include "library/writer/PclCover.h"
 
 #include <cmath>
 #include <map>
@@ -17,6 +18,7 @@ PclPage::PclPage(const Drawing& drawing, int dpi) : scale(dpi / kInch) {
   for (const Rectangle& r : RectanglesOnDots(drawing, dpi, dpi)) {
     bars.push_back({r.left - origin.x, -r.top - origin.y, r.width(), r.height()});
   }
+  bars = Covering(bars);
 }
 
 PclPage::Place PclPage::onPage(const Point& p) const {
@@ -63,7 +65,7 @@ std::vector<PclPage::Area> PclPage::DotRows(const Drawing& drawing, int dpi) {
     }
     above = std::move(row);
   }
-  return areas;
+  return Covering(areas);
 }
 
 }  // namespace Library

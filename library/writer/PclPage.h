@@ -22,7 +22,7 @@ struct PclPage {
   // From the corner of the box.
   Place place(const Point& p) const;
   int length(std::int32_t thousandths) const;
-  // Polygons and rings as runs of dots in rows; runs below each other that are alike are one area.
+  // Polygons and rings as areas of dots.
   static std::vector<Area> DotRows(const Drawing& drawing, int dpi);
 
   Place origin;  // the corner of the box, from where the rectangle's coordinates begin
