@@ -71,7 +71,9 @@ TEST(Symbologies, OfTwoDimensionsHoldAllBytesAtEveryLength) {
   std::mt19937 random = Seeded(417);
   for (const int type : {55, 58, 71, 92}) {
     for (int length = 1; length < 1000; length += 1 + length / 12) {
-      const std::string data = RandomBytes(length, random);
+      std::string data = RandomBytes(length, random);
+      // ZXing takes a group separator that Aztec data begin with for FNC1.
+      if (data[0] == '\x1D') data[0] = '\x1E';
       EXPECT_TRUE(ReadsBack(Library::Encode(OptionsFor(type, data)), data))
           << type << ", " << length;
     }
