@@ -31,6 +31,9 @@ std::uint32_t HashOf(const std::string& bytes) {
 
 bool CanHold(const Options& options, std::string_view text) {
   const Symbology& symbology = SymbologyOf(options);
+  // Numbers of one length have no place for anything else.
+  const int least = symbology.minLength + static_cast<int>(text.size());
+  if (symbology.fixedLength > 0 || least > symbology.maxLength) return false;
   return !TakesGs1(symbology, options) && std::all_of(text.begin(), text.end(), [&](char c) {
     return symbology.characters.contains(static_cast<unsigned char>(c));
   });
