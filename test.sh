@@ -20,7 +20,7 @@ trap 'echo "$passed passed, $failed failed"' EXIT
 
 install_packages "${build_packages[@]}" libgtest-dev libzxing-dev libzbar-dev libcairo2-dev \
   ghostscript groff enscript a2ps psutils netpbm poppler-utils \
-  cups cups-client cups-filters dpkg-dev locales procps qpdf fonts-urw-base35
+  cups cups-client cups-filters locales procps qpdf fonts-urw-base35
 build "$preset" -DVEXTORIN_TESTS=ON
 
 say "Testing"

@@ -1,8 +1,8 @@
 # What try.sh, test.sh and .ci/run share: packages and building. Sourced by them, in the root.
 
-# What the program and its library are built with.
+# What the program and its library are built with, and with dpkg-dev and file their packages.
 build_packages=(g++ cmake ninja-build pkg-config libzint-dev zlib1g-dev libpng-dev libjpeg-dev
-  libgif-dev libtiff-dev libfreetype-dev libfontconfig-dev)
+  libgif-dev libtiff-dev libfreetype-dev libfontconfig-dev dpkg-dev file)
 
 say() {
   printf '\n== %s\n' "$*"

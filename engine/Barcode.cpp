@@ -15,9 +15,6 @@
 #include <memory>
 #include <utility>
 
-// A library without it warns of nothing.
-#pragma weak BCGetWarningA
-
 namespace Engine {
 
 using Diag::ResultCode;
@@ -149,7 +146,7 @@ void TakeOutput(const Buffer& buffer, std::uint32_t size, const BarcodeSettings&
   addOverhead(result, settings);
 }
 
-// What the library has to say about a barcode that it has made.
+// What the library has to say about a barcode that it has made; without the addition, nothing.
 void NoteWarning(BCBarcode* handle) {
   if (BCGetWarningA == nullptr) return;
   char warning[256] = {};

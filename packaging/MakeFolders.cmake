@@ -15,4 +15,13 @@ foreach(folder ${folders})
       WORLD_READ WORLD_EXECUTE)
   endforeach()
 endforeach()
+# What a package is staged in was made by others, under any umask.
+if(NOT "$ENV{DESTDIR}" STREQUAL "")
+  set(path "${folders_below}")
+  while(NOT path STREQUAL "" AND NOT path STREQUAL "/")
+    file(CHMOD $ENV{DESTDIR}${path} PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE
+      GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+    cmake_path(GET path PARENT_PATH path)
+  endwhile()
+endif()
 unset(folders_below)

@@ -83,6 +83,9 @@ foreach(component program library development)
     COMPONENT ${component})
 endforeach()
 
+install(FILES debian/vextorin.lintian-overrides DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides
+  RENAME vextorin COMPONENT program)
+
 set(control ${CMAKE_CURRENT_SOURCE_DIR}/debian)
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_CONTROL_EXTRA ${control}/conffiles ${control}/postinst
   ${control}/prerm ${control}/postrm)

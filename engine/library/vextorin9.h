@@ -241,9 +241,9 @@ BCResult BCBitmapToMemoryA(BCBarcode* b, char* buffer, const char* format, uint3
 /*
  * What is doubtful about the last output, in words: a symbol too small to be read for certain. The
  * length of the text, 0 when there is none; the buffer gets `size` bytes of it at most, terminator
- * included. Libraries may lack this function.
+ * included. An addition, too.
  */
-int BCGetWarningA(BCBarcode* b, char* buffer, int size);
+BC_ADDITION int BCGetWarningA(BCBarcode* b, char* buffer, int size);
 
 #ifdef __GNUC__
 #pragma GCC visibility pop

@@ -3,6 +3,7 @@
 #include "tests/support/Scheduler.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -23,8 +24,10 @@ class Packages : public testing::Test {
  protected:
   void SetUp() override {
     if (!fs::exists("/usr/bin/dpkg-shlibdeps")) GTEST_SKIP() << "No dpkg-dev here";
+    const mode_t before = umask(077);  // of whoever makes them
     Output({VEXTORIN_CPACK, "-G", "DEB", "--config", VEXTORIN_BUILD_FOLDER "/CPackConfig.cmake",
             "-B", folder.file("packages")});
+    umask(before);
     for (const auto& entry : fs::directory_iterator(folder.path() / "packages"))
       if (entry.path().extension() == ".deb") packages.push_back(entry.path());
     ASSERT_EQ(packages.size(), 3u);
@@ -83,6 +86,14 @@ TEST_F(Packages, AreWiredOutOfQueuesBeforeTheyGo) {
   // Nobody but root may write what root runs.
   EXPECT_EQ(Output({"find", system() + "/usr", system() + "/etc", "-not", "-type", "l", "(",
                     "-perm", "/022", "-o", "-not", "-user", "root", ")", "-print"}),
+            "");
+
+  // And everybody may read it.
+  EXPECT_EQ(
+      Output({"find", system() + "/usr", system() + "/etc", "-not", "-perm", "-044", "-print"}),
+      "");
+  EXPECT_EQ(Output({"find", system() + "/usr", system() + "/etc", "-type", "d", "-not", "-perm",
+                    "-055", "-print"}),
             "");
 
   // An upgrade leaves the queues and the administrator's configuration as they are.
