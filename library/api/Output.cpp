@@ -139,6 +139,13 @@ std::string PclIn(BCBarcode& barcode, const BCRect& rect, bool relative) {
   return PclWriter(relative, static_cast<PclWriter::Mode>(options.pclMode), dpi).write(drawing);
 }
 
+// The page ends at the rectangle's right and upper edge.
+std::string PdfIn(const BCRect& rect, const Drawing& drawing) {
+  const int32_t width = std::max(rect.left, rect.right), height = std::max(rect.top, rect.bottom);
+  if (width <= 0 || height <= 0) Reject();
+  return PdfWriter(width, height).write(drawing);
+}
+
 std::string Written(BCBarcode& barcode, const BCRect& rect, Language language) {
   const auto drawing = [&](LayOutOne layOut = LayOut) {
     return DrawingWithWarning(barcode, barcode.options, rect, layOut);
@@ -153,8 +160,7 @@ std::string Written(BCBarcode& barcode, const BCRect& rect, Language language) {
     case Language::kPclAtCursor:
       return PclIn(barcode, rect, true);
     case Language::kPdf:
-      return PdfWriter(std::max(rect.left, rect.right), std::max(rect.top, rect.bottom))
-          .write(drawing());
+      return PdfIn(rect, drawing());
     case Language::kPdfFragment: {
       const Drawing outlined = drawing();
       WarnOfMissingFont(barcode, outlined);

@@ -8,8 +8,7 @@
 #include <cmath>
 #include <csetjmp>
 #include <cstdio>
-#include <cstdlib>
-#include <memory>
+#include <utility>
 
 namespace Library {
 namespace {
@@ -25,7 +24,6 @@ struct Functions {
   decltype(&jpeg_std_error) standardErrors;
   decltype(&jpeg_CreateCompress) create;
   decltype(&jpeg_destroy_compress) destroy;
-  decltype(&jpeg_mem_dest) toMemory;
   decltype(&jpeg_set_defaults) setDefaults;
   decltype(&jpeg_set_quality) setQuality;
   decltype(&jpeg_start_compress) start;
@@ -38,7 +36,6 @@ Functions Load() {
   return {library.find<decltype(Functions::standardErrors)>("jpeg_std_error"),
           library.find<decltype(Functions::create)>("jpeg_CreateCompress"),
           library.find<decltype(Functions::destroy)>("jpeg_destroy_compress"),
-          library.find<decltype(Functions::toMemory)>("jpeg_mem_dest"),
           library.find<decltype(Functions::setDefaults)>("jpeg_set_defaults"),
           library.find<decltype(Functions::setQuality)>("jpeg_set_quality"),
           library.find<decltype(Functions::start)>("jpeg_start_compress"),
@@ -60,14 +57,43 @@ JSAMPLE GreyOf(const Rgb& color) {
       std::lround(0.299 * color.red + 0.587 * color.green + 0.114 * color.blue));
 }
 
+// The file in chunks. libjpeg's own memory destination is in no state to be freed after a failure.
+struct Destination : jpeg_destination_mgr {
+  std::string bytes;
+  bool full = false;  // no memory for more
+  JOCTET chunk[16384];
+
+  void begin() {
+    next_output_byte = chunk;
+    free_in_buffer = sizeof chunk;
+  }
+  // No exception may cross libjpeg.
+  void take(std::size_t count) {
+    try {
+      if (!full) bytes.append(reinterpret_cast<const char*>(chunk), count);
+    } catch (...) {
+      full = true;
+    }
+    begin();
+  }
+  static Destination& Of(j_compress_ptr info) { return *static_cast<Destination*>(info->dest); }
+  static void Begin(j_compress_ptr info) { Of(info).begin(); }
+  static boolean TakeChunk(j_compress_ptr info) {
+    Of(info).take(sizeof chunk);
+    return TRUE;
+  }
+  static void TakeRest(j_compress_ptr info) {
+    Of(info).take(sizeof chunk - Of(info).free_in_buffer);
+  }
+};
+
 // What libjpeg works on; it comes back to its setjmp when it fails, so nothing in run may need a
 // destructor.
 struct Writer {
   const Functions functions = Load();
   const Bitmap& bitmap;
   JSAMPLE* line;
-  unsigned char* bytes = nullptr;
-  unsigned long size = 0;
+  Destination& destination;
   jpeg_compress_struct info{};
   Errors errors{};
 
@@ -77,7 +103,7 @@ struct Writer {
     errors.output_message = SayNothing;
     if (setjmp(errors.back) != 0) return false;
     functions.create(&info, JPEG_LIB_VERSION, sizeof info);
-    functions.toMemory(&info, &bytes, &size);
+    info.dest = &destination;
     info.image_width = static_cast<JDIMENSION>(bitmap.width);
     info.image_height = static_cast<JDIMENSION>(bitmap.height);
     info.input_components = 1;
@@ -102,12 +128,16 @@ struct Writer {
 
 std::string WriteJpeg(const Bitmap& bitmap) {
   std::vector<JSAMPLE> line(static_cast<std::size_t>(bitmap.width));
-  Writer writer{.bitmap = bitmap, .line = line.data()};
+  Destination destination;
+  destination.init_destination = Destination::Begin;
+  destination.empty_output_buffer = Destination::TakeChunk;
+  destination.term_destination = Destination::TakeRest;
+  Writer writer{.bitmap = bitmap, .line = line.data(), .destination = destination};
   const bool good = writer.run();
   writer.functions.destroy(&writer.info);
-  const std::unique_ptr<unsigned char, decltype(&std::free)> bytes(writer.bytes, std::free);
+  if (destination.full) throw Error(BC_E_OUTOFMEMORY);
   if (!good) throw Error(kInternalError);
-  return {reinterpret_cast<const char*>(bytes.get()), writer.size};
+  return std::move(destination.bytes);
 }
 
 }  // namespace Library

@@ -3,11 +3,13 @@
 #include "tests/e2e/LanguagePictures.h"
 #include "tests/support/Decode.h"
 #include "tests/support/Program.h"
+#include "tests/support/Run.h"
 #include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>
 #include <zlib.h>
 
+#include <algorithm>
 #include <string>
 
 namespace {
@@ -112,6 +114,15 @@ TEST(LanguageOptions, OriginNamesTheEdge) {
   }
 }
 
+TEST(LanguageOptions, ADocumentHasAPage) {
+  for (const char* place : {"ypos=0 origin=top", "xpos=-60 ypos=0"}) {
+    const Program::Result result =
+        Made(kPdfKinds[0], std::string("barcode=20 data=Hello_123 width=60 height=20 ") + place);
+    EXPECT_EQ(result.output, "") << place;
+    EXPECT_NE(result.errors.find("0x80070057"), std::string::npos) << place;
+  }
+}
+
 // The program's colours are black on white; the modes say it in their own way.
 TEST(LanguageOptions, ColourModesAndBackgroundsAreTheLanguagesOwn) {
   const struct {
@@ -190,5 +201,27 @@ TEST(LanguageOptions, AMissingLibraryFailsItsFormatOnly) {
     EXPECT_EQ(Made(kPostScript, kLinear, machine).errors, "");
   }
 }
+
+#ifndef __SANITIZE_ADDRESS__
+// Wherever memory ends, the program does so by itself, with a line that says what is wrong.
+TEST(LanguageOptions, BitmapsRunOutOfMemoryWithoutCrashing) {
+  const TempFolder folder;
+  const Environment narrow = {{"MALLOC_ARENA_MAX", "1"}};
+  for (const Language& language : kBitmaps) {
+    std::string settings = kLinear + language.settings + " dpi=2400 width=105 height=105";
+    std::replace(settings.begin(), settings.end(), ' ', '\n');
+    const std::string ini = folder.write("large.ini", settings + "\n");
+    for (const int kilobytes : {20000, 25000}) {
+      SCOPED_TRACE(language.name + (" in " + std::to_string(kilobytes)));
+      const Finished finished = Support::Run(
+          {.arguments = {"sh", "-c", "ulimit -v " + std::to_string(kilobytes) + "; exec \"$@\"",
+                         "sh", VEXTORIN_PROGRAM, "--inifile=" + ini, "joe", "title", "1", ""},
+           .environment = narrow});
+      EXPECT_TRUE(finished.status == 0 || finished.status == 80) << finished.status;
+      EXPECT_NE(finished.output.empty(), finished.errors.empty()) << finished.errors;
+    }
+  }
+}
+#endif
 
 }  // namespace
