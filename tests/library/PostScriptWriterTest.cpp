@@ -293,7 +293,7 @@ TEST(TextUnderBars, ReadsAsItsData) {
 
 TEST(Output, IsSmall) {
   for (const auto& [type, length, bytes] :
-       {std::tuple{20, 15u, 1900u}, {20, 50u, 2300u}, {58, 32u, 3900u}, {58, 2300u, 100000u}}) {
+       {std::tuple{20, 15u, 2000u}, {20, 50u, 2400u}, {58, 32u, 4000u}, {58, 2300u, 100000u}}) {
     const std::string data(length, 'x');
     EXPECT_LT(Fragment(LayOutText(type, data, {10000, 60000, 60000, 10000})).size(), bytes);
   }
