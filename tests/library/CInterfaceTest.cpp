@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <functional>
 #include <limits>
 #include <regex>
 #include <set>
@@ -152,6 +153,48 @@ TEST_F(CInterface, WorksFromPlainC) {
   ASSERT_GT(size, 0u);
   EXPECT_TRUE(std::string(buffer.data()).starts_with("%!PS-Adobe-3.0 EPSF-3.0\n"));
   EXPECT_EQ(std::strlen(buffer.data()), size);
+}
+
+// Calls that differ in one value each.
+TEST_F(CInterface, DrawsEveryValueOfASetterThatTakesSeveral) {
+  BCSet_Aztec_AppendActive(barcode, 1);
+  const struct {
+    int type;
+    std::vector<std::function<BCResult()>> calls;
+  } kRows[] = {
+      {92,
+       {[&] { return BCSet_Aztec_AppendDataA(barcode, 'D', 'B', "id"); },
+        [&] { return BCSet_Aztec_AppendDataA(barcode, 'E', 'B', "id"); },
+        [&] { return BCSet_Aztec_AppendDataA(barcode, 'D', 'C', "id"); },
+        [&] { return BCSet_Aztec_AppendDataA(barcode, 'D', 'B', "ic"); },
+        [&] { return BCSet_Aztec_AppendActive(barcode, 0); },
+        [&] { return BCSet_Aztec_FormatA(barcode, 2, "12"); },
+        [&] { return BCSet_Aztec_FormatA(barcode, 2, "13"); },
+        [&] { return BCSet_Aztec_FormatA(barcode, 1, ""); }}},
+      {58,
+       {[&] { return BCSet_QR_Append(barcode, 4, 2, 7); },
+        [&] { return BCSet_QR_Append(barcode, 5, 2, 7); },
+        [&] { return BCSet_QR_Append(barcode, 4, 3, 7); },
+        [&] { return BCSet_QR_Append(barcode, 4, 2, 8); }}},
+      {71,
+       {[&] { return BCSet_DM_Append(barcode, 4, 2, 513); },
+        [&] { return BCSet_DM_Append(barcode, 5, 2, 513); },
+        [&] { return BCSet_DM_Append(barcode, 4, 3, 513); },
+        [&] { return BCSet_DM_Append(barcode, 4, 2, 514); }}},
+      {57,
+       {[&] { return BCSet_Maxi_Append(barcode, 4, 2); },
+        [&] { return BCSet_Maxi_Append(barcode, 5, 2); },
+        [&] { return BCSet_Maxi_Append(barcode, 4, 3); }}},
+  };
+  for (const auto& row : kRows) {
+    std::set<std::string> drawn;
+    for (const auto& call : row.calls) {
+      EXPECT_EQ(call(), BC_OK);
+      EXPECT_EQ(create(row.type, "(10)ABC"), BC_OK);
+      EXPECT_EQ(write(), BC_OK);
+      EXPECT_TRUE(drawn.insert(output).second) << row.type << ", call " << drawn.size();
+    }
+  }
 }
 
 TEST_F(CInterface, WarnsOfModulesThatReadersMayMiss) {

@@ -160,6 +160,19 @@ TEST(StructuredAppend, TellsIndexCountAndMessage) {
   EXPECT_LE(Scan(EncodeParts(GridOf(kQrCode, "ABC", -1, standard)).at(0)).sequenceSize, 0);
 }
 
+TEST(StructuredAppend, KeepsAnIdentifierOfTheCallers) {
+  const Change change = [](Options& o) {
+    o.grid.structuredAppend = kStandard;
+    o.pdf417.fileId = "017053";
+    o.dataMatrix.appendFileId = 513;
+  };
+  for (const auto& [type, id] : {std::pair{kPdf417, "017053"}, {kDataMatrix, "513"}}) {
+    for (const Symbol& symbol : EncodeParts(GridOf(type, Text(60), 30, change))) {
+      EXPECT_EQ(Scan(symbol).sequenceId, id) << type;
+    }
+  }
+}
+
 TEST(StructuredAppend, SharesAHealthMessageWithOnePlusSignAndOneCheckCharacter) {
   const auto shared = [](int type, const std::string& data) {
     return GridOf(type, data, 20, [](Options& o) { o.grid.structuredAppend = kStandard; });
@@ -265,6 +278,22 @@ TEST(GridPlans, ThatFitTakeNoMoreThanTheRoom) {
     EXPECT_LE(plan.size.height, room.height + 2) << i;
   }
   EXPECT_GT(fitting, 300);
+}
+
+TEST(GridPlans, ThatMustFitDoSoInBothDirections) {
+  Options options = Fixed(4, 2, 2);
+  options.mustFit = true;
+  const auto symbols = EncodeParts(options);
+  for (const auto& [width, height, expected] : {std::tuple{44000, 45000, BC_OK},
+                                                {43900, 45000, BC_E_MUSTFIT},
+                                                {44000, 44900, BC_E_MUSTFIT}}) {
+    const BCRect rectangle = {0, height, width, 0};
+    EXPECT_EQ(RefusedBy([&] {
+                LayOutGrid(symbols, options, {2, 2}, rectangle);
+              }).code,
+              expected)
+        << width << " x " << height;
+  }
 }
 
 // Dark stretches of the shadow that everything throws on an axis. Columns and rows of these QR

@@ -2,6 +2,7 @@
 #include "library/layout/ElementWidths.h"
 #include "library/layout/Font.h"
 #include "library/layout/Layout.h"
+#include "library/layout/RowHeights.h"
 #include "tests/library/ScanSymbol.h"
 
 #include <gtest/gtest.h>
@@ -122,6 +123,23 @@ TEST(Sizes, FollowModeDecoderAndResolution) {
         MeasureSymbol(row.symbol, With(row.change), RectangleOf(row.boxWidth, row.boxHeight));
     EXPECT_NEAR(size.width / 1000, row.width, 1e-6);
     EXPECT_NEAR(size.height / 1000, row.height, 1e-6);
+  }
+}
+
+TEST(Sizes, OfStackedRowsAreThoseOfTheirStandards) {
+  for (const auto& [type, data, modules] : {std::tuple{23, "Code 16K", 8},
+                                            {24, "CODE 49", 8},
+                                            {55, "PDF417", 3},
+                                            {74, "Codablock-F", 10},
+                                            {80, "2001234567890", 33},
+                                            {81, "(01)90012345678908(3103)001750(10)AB", 34},
+                                            {84, "MicroPDF417", 2},
+                                            {108, "A123BJC5D6E71", 2},
+                                            {110, "A123BJC5D6E71", 10}}) {
+    const Options options = OptionsFor(type, data);
+    const std::vector<double> heights =
+        RowHeights(Encode(options), options, SizeMode::kModule, {300, 30000, 1});
+    EXPECT_NEAR(std::ranges::max(heights), modules * 300, 1e-6) << type;
   }
 }
 
