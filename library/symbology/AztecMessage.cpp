@@ -137,8 +137,8 @@ class CheapestStart {
     int key;
   };
 
-  void reserve(std::size_t places) { starts.reserve(places); }
   void add(std::size_t place, int key) {
+    if (starts.empty()) starts.reserve(kUsualStarts);
     while (starts.size() > head && starts.back().key >= key) starts.pop_back();
     starts.push_back({place, key});
   }
@@ -149,6 +149,8 @@ class CheapestStart {
   }
 
  private:
+  static constexpr std::size_t kUsualStarts = 64;
+
   std::vector<Start> starts;  // those from `head` on count, their keys increase
   std::size_t head = 0;
 };
@@ -161,7 +163,6 @@ class ShortestPath {
         steps((end + 1) * kModes),
         choice(choiceOfEquals) {
     at(0, kUpper).cost = 0;
-    for (CheapestStart& starts : shortStarts) starts.reserve(std::min<std::size_t>(end, 64));
   }
 
   // The steps of the message from its begin on, and the mode at its end.
@@ -255,8 +256,15 @@ class ShortestPath {
     }
   }
 
+  // Not behind a latch from a mode that has runs itself: it is as short behind the run.
+  bool beginsRuns(std::size_t place, std::size_t mode) {
+    const Step& step = at(place, mode);
+    return choice != 0 || step.taken != 0 || step.from == mode || step.from >= kBinaryModes;
+  }
+
   void beginRuns(std::size_t place) {
     for (std::size_t mode = 0; mode < kBinaryModes; ++mode) {
+      if (!beginsRuns(place, mode)) continue;
       const int key = at(place, mode).cost - 8 * static_cast<int>(place);
       shortStarts[mode].add(place, key);
     }
@@ -269,7 +277,7 @@ class ShortestPath {
       if (place > kLongestShortRun) {
         const std::size_t start = place - kLongestShortRun - 1;
         const int key = at(start, mode).cost - 8 * static_cast<int>(start);
-        if (start >= barrier) longStarts[mode].add(start, key);
+        if (start >= barrier && beginsRuns(start, mode)) longStarts[mode].add(start, key);
       }
       any |= endRun(place, mode, shortStarts[mode], kLongestShortRun);
       any |= endRun(place, mode, longStarts[mode], kLongestRun);
