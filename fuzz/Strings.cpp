@@ -40,7 +40,7 @@ void TakeApart(std::string_view token, std::size_t begin, std::size_t length) {
   const std::string bytes = DecodeString(token);
   Require(DecodeString(EncodeLike(token, bytes)) == bytes, "a string can be written again");
   // The end of the line that ends a string in place of its ")" stays.
-  const std::size_t most = bytes.size() - (token.ends_with('\n') ? 1 : 0);
+  const std::size_t most = bytes.size() - (token.ends_with('\n') && bytes.ends_with('\n') ? 1 : 0);
   begin = std::min(begin, most);
   length = std::min(length, most - begin);
   const std::string rest = WithoutBytes(token, {{begin, begin + length}});
