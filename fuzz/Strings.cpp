@@ -39,11 +39,11 @@ void ScanInPieces(std::string_view text, char lineEnd) {
 void TakeApart(std::string_view token, std::size_t begin, std::size_t length) {
   const std::string bytes = DecodeString(token);
   Require(DecodeString(EncodeLike(token, bytes)) == bytes, "a string can be written again");
-  // The end of the line that ends a string in place of its ")" stays.
-  const std::size_t most = bytes.size() - (token.ends_with('\n') && bytes.ends_with('\n') ? 1 : 0);
-  begin = std::min(begin, most);
-  length = std::min(length, most - begin);
+  begin = std::min(begin, bytes.size());
+  length = std::min(length, bytes.size() - begin);
   const std::string rest = WithoutBytes(token, {{begin, begin + length}});
+  // What is left of a string that its line ends may look as if it had a ")" of its own.
+  if (!token.ends_with(')') && rest.ends_with(')')) return;
   std::string expected = bytes;
   expected.erase(begin, length);
   Require(DecodeString(rest) == expected, "only the bytes taken out of a string are gone: " + rest);
