@@ -1,5 +1,6 @@
 #include "library/layout/Dots.h"
 
+#include "library/layout/SharedDots.h"
 #include "library/layout/Units.h"
 
 #include <algorithm>
@@ -138,6 +139,8 @@ class FieldOnDots {
       toWholeDots();
       if (field.rule == BarField::Rule::kCharacters) {
         addCharacters();
+      } else if (field.sharesDots && d >= kSharedFrom && d < kSharedBelow && !oblong()) {
+        addShared(modulesOf(all.subspan(field.first, field.count)));
       } else {
         for (const Rectangle& r : all.subspan(field.first, field.count)) add(r);
       }
@@ -148,7 +151,7 @@ class FieldOnDots {
  private:
   void toWholeDots() {
     const bool matrix = field.rule == BarField::Rule::kMatrix;
-    if (matrix && std::abs(u - v) > u / 100) return;
+    if (matrix && oblong()) return;
     const double ideal = d;
     d = DotsPerModule(field, ideal);
     if (d != ideal) {
@@ -160,6 +163,9 @@ class FieldOnDots {
     }
     if (field.centre > 0 && d >= kCentredFrom) centre();
   }
+
+  // The dots themselves.
+  bool oblong() const { return std::abs(u - v) > u / 100; }
 
   void centre() {
     grid.emplace(field, d);
@@ -229,6 +235,38 @@ class FieldOnDots {
       edges.push_back(static_cast<int>(Round(at * total / modules)));
     }
     return edges;
+  }
+
+  CellGrid modulesOf(std::span<const Rectangle> dark) const {
+    const auto module = [this](double place) { return static_cast<int>(Round(place)); };
+    CellGrid modules{module(field.columns), module(field.rows), {}};
+    modules.cells.resize(static_cast<std::size_t>(modules.columns * modules.rows));
+    for (const Rectangle& onPage : dark) {
+      const Rectangle r = InField(field, onPage);
+      const int left = module(r.left / field.module), right = module(r.right / field.module);
+      for (int row = module(r.bottom / field.module); row < module(r.top / field.module); ++row) {
+        const auto begin = modules.cells.begin() + row * modules.columns;
+        std::fill(begin + left, begin + right, std::uint8_t{1});
+      }
+    }
+    return modules;
+  }
+
+  void addShared(const CellGrid& modules) {
+    const auto dotsOf = [this](int count, double dots) {
+      return static_cast<int>(Round(count * field.module * dots));
+    };
+    const CellGrid dots = ShareDots(modules, dotsOf(modules.columns, u), dotsOf(modules.rows, v));
+    for (int y = 0; y < dots.rows; ++y) {
+      const auto row = dots.cells.begin() + y * dots.columns, end = row + dots.columns;
+      bottom = y0 + y;
+      top = bottom + 1;
+      for (auto from = std::find(row, end, 1); from != end;) {
+        const auto to = std::find(from, end, 0);
+        put(double(from - row), double(to - row));
+        from = std::find(to, end, 1);
+      }
+    }
   }
 
   void addTwoWidths() {

@@ -12,6 +12,8 @@
 //   - Aztec symbols are symmetric and have whole dots across what their readers measure (from
 //     kCentredFrom dots a module on), because those sample all modules from the bull's-eye
 //     outwards;
+//   - modules of Data Matrix that have between one and two dots share those on their borders
+//     (layout/SharedDots.h);
 //   - from kFitBelow dots a module on, and where nothing else is known, each edge by itself.
 //
 // Other writers use this; PostScript has it as a program (writer/PostScriptBars.cpp), which must do

@@ -76,6 +76,7 @@ struct BarField {
   double module = 0;              // X
   double columns = 0, rows = 0;   // their size in X; rows: of a matrix
   double centre = 0;              // of a matrix: the square in its middle that is to be whole dots
+  bool sharesDots = false;        // a matrix: modules of 1 to 2 dots share those on their borders
   double wide = 0;                // a wide element in X, of two widths
   double reduction = 0;           // of each bar; the rectangles have it already
   bool wholeDots = false;         // a module is to be whole dots, also where that is no gain

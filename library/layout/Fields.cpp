@@ -2,6 +2,7 @@
 
 #include "library/layout/Bars.h"
 #include "library/layout/ElementWidths.h"
+#include "library/layout/SharedDots.h"
 #include "library/symbology/Symbology.h"
 
 #include <algorithm>
@@ -16,6 +17,8 @@ namespace {
 constexpr int kMostModules = '~' - '0';
 // What a printer's memory of a character holds.
 constexpr int kMostRuns = 60;
+// 1/1000 mm: two dots of a printer of 150 dpi, the coarsest that labels are printed with.
+constexpr double kSharedModules = 339;
 
 // The row's characters: of one run only where a gap stands between two.
 std::span<const int> CharactersOf(const SymbolRow& row) {
@@ -160,7 +163,10 @@ BarField LayOutField(const Symbol& symbol, const Options& options, const Measure
   if (symbol.geometry == Geometry::kMatrix) {
     field.rule = BarField::Rule::kMatrix;
     field.rows = static_cast<double>(symbol.rows.size());
-    if (BarReduction(options, widths.narrowBar(), m.module) == 0) field.centre = symbol.centre;
+    if (BarReduction(options, widths.narrowBar(), m.module) != 0) return field;
+    field.centre = symbol.centre;
+    field.sharesDots = symbol.evenlyRead && m.module < kSharedModules &&
+                       std::max(field.columns, field.rows) <= kMostSharedModules;
     return field;
   }
   field.reduction = BarReduction(options, widths.narrowBar(), m.module);

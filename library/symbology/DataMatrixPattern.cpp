@@ -187,6 +187,7 @@ void DrawDataMatrix(const DataMatrixShape& shape, Words data, Symbol& symbol) {
   AddCheckWords(shape, data);
   const Regions regions(shape, data);
   symbol.width = shape.width;
+  symbol.evenlyRead = true;
   symbol.rows.reserve(static_cast<std::size_t>(shape.height));
   for (int row = 0; row < shape.height; ++row) {
     SymbolRow& line = symbol.rows.emplace_back(SymbolRow{{0}, 1});

@@ -59,6 +59,7 @@ struct Symbol {
   ElementRule elements = ElementRule::kNoRatio;
   int width = 0;   // modules
   int centre = 0;  // modules of the square in the middle that readers take the scale from; 0: none
+  bool evenlyRead = false;  // readers look for modules in even steps between the outer borders
   std::vector<SymbolRow> rows;
   std::vector<ModuleSpan> guards;
   ModuleSpan addOn;  // empty: none

@@ -67,6 +67,36 @@ constexpr std::string_view kCentredProcedures =
     "/M/N load def}if}if}C/W{k mul c div p sub 2 div round cvi 2 mul p add}C\n"
     "/R{M V M V E/y X/h X/x 0 def}C/A{V x add dup N 3 1 roll add dup/x X N B}C";
 
+// G      X rows columns G: from 1.2 to 1.98 dots a module, R and A only note modules in m then
+// H      shares the dots between them (ShareDots) and draws them: a and b what dots lie in, by
+//        columns and rows, e what each module misses, s the N x M dots
+// J      modules dots J: for each dot the module it begins in, its parts in that and in the next
+// P      x y procedure P: runs it with a part and a module for each that the dot lies in
+// W      procedure W: runs it with the x and y of every dot; o is its index in s
+constexpr std::string_view kSharedDotsProcedures =
+    "/H{}def/G{/n X/r X/l X l u mul dup 1.2 ge V 1.98 lt and f and u v sub abs u .01 mul le and\n"
+    "{/N n l mul u mul round cvi def/M r l mul v mul round cvi def/m n r mul string def\n"
+    "/R{l div round cvi/j X l div round cvi/i X/x 0 def}C\n"
+    "/A{V x add dup 3 -1 roll add/x X l div round cvi 1 x l div round cvi 1 sub\n"
+    "{i 1 j 1 sub{n mul 1 K add m V 1 put}for pop}for}C\n"
+    "/H{/a n N J def/b r M J def/s N M mul string def/e n r mul array def\n"
+    "0 1 n r mul 1 sub{m 1 K get 0 eq{105}{95}ifelse N M mul mul 100 idiv e 3 1 roll put}for\n"
+    "{dup 2 mul 1 add r mul 2 M mul idiv n mul 2 K 2 mul 1 add n mul 2 N mul idiv add m V get/c X\n"
+    "s o c put{m 1 K get c eq{e V 2 copy get 4 -1 roll sub put}{pop pop}ifelse}P}W\n"
+    "{/g true def{/c s o get def/z 0 def 2 copy\n"
+    "{dup e V get 2 mul V m V get c eq{neg}if 1 K V sub mul z add/z X}P z 0 lt\n"
+    "{/g false def s o 1 c sub put{m 1 K get c eq{V neg V}if e V 2 copy get 4 -1 roll sub put}P}\n"
+    "{pop pop}ifelse}W g{exit}if}loop\n"
+    "0 1 M 1 sub{/k X k k 1 add E/y X/h X/p -1 def 0 1 N\n"
+    "{dup N lt{dup k N mul add s V get}{0}ifelse 0 eq\n"
+    "{p 0 ge{p 1 K B/p -1 def}if pop}{p 0 lt{/p X}{pop}ifelse}ifelse}for}for}C}if}C\n"
+    "/J{/k X/j X[0 1 k 1 sub\n"
+    "{j mul dup k idiv dup 1 add k mul 3 -1 roll sub dup j gt{pop j}if j 1 K sub}for]}C\n"
+    "/P{/t X 3 mul/q X 3 mul/p X 0 1 1{/i X b q i 1 add add get/w X w 0 gt{0 1 1\n"
+    "{/j X a p j 1 add add get w mul dup 0 gt\n"
+    "{b q get i add n mul a p get j add add t}{pop}ifelse}for}if}for}C\n"
+    "/W{/k X 0 1 M 1 sub{/y X 0 1 N 1 sub{dup y N mul add/o X y k}for}for}C";
+
 // L      dark L: a row begins
 // P      string runs P: characters of so many runs each
 // F      string F: one character, its edges by FitCharacter: a the string, n its last index, M its
@@ -132,6 +162,7 @@ void WriteProcedures(const Drawing& drawing, TextBuilder& out) {
   if (Uses(drawing, Rule::kEdges)) out.line(kWholeEdges);
   if (Uses(drawing, Rule::kMatrix)) out.line(kWholeMatrix);
   if (first->centre > 0) out.line(kCentredProcedures);
+  if (first->sharesDots) out.line(kSharedDotsProcedures);
   if (characters) out.line(kCharacterProcedures);
   if (twoWidths) out.line(kTwoWidthProcedures);
 }
@@ -244,7 +275,11 @@ void WriteField(const BarField& field, std::span<const Rectangle> rectangles, co
                                          : "S");
     if (field.centre > 0) out << field.module << std::round(field.columns) << field.centre << "U";
   }
+  if (field.sharesDots) {
+    out << field.module << std::round(field.rows) << std::round(field.columns) << "G";
+  }
   if (field.bars.empty()) WriteEdges(field, rectangles.subspan(field.first, field.count), out);
+  if (field.sharesDots) out << "H";
   for (const BarRow& row : field.bars) WriteRow(field, row, out);
   out << "grestore";
   out.endLine();
