@@ -18,9 +18,15 @@ constexpr double kLeastElement = 0.25;
 class Stack {
  public:
   explicit Stack(const Symbol& symbol) {
-    std::size_t most = 0;
-    for (const SymbolRow& row : symbol.rows) most += row.runs.size() / 2 + 1;
+    std::size_t most = 0, mostOfRow = 0;
+    for (const SymbolRow& row : symbol.rows) {
+      const std::size_t ofRow = row.runs.size() / 2 + 1;
+      most += ofRow;
+      mostOfRow = std::max(mostOfRow, ofRow);
+    }
     bars.reserve(most);
+    lowest.reserve(mostOfRow);
+    added.reserve(mostOfRow);
   }
 
   void beginRow() {
