@@ -39,17 +39,11 @@ constexpr int CodeBits(std::size_t mode) {
   return mode == kDigit ? 4 : 5;
 }
 
-struct Code {
-  int bits = 0;
-  std::uint32_t value = 0;
+using Code = AztecCode;
 
-  constexpr Code then(const Code& next) const {
-    return {bits + next.bits, value << next.bits | next.value};
-  }
-  constexpr Code then(std::size_t mode, int code) const {
-    return then({CodeBits(mode), static_cast<std::uint32_t>(code)});
-  }
-};
+constexpr Code CodeIn(std::size_t mode, int code) {
+  return {CodeBits(mode), static_cast<std::uint32_t>(code)};
+}
 
 // Codes of the characters by mode.
 using Codes = std::array<std::array<std::int8_t, 256>, kModes>;
@@ -81,11 +75,45 @@ constexpr Codes MakeCodes() {
 }
 constexpr Codes kCodes = MakeCodes();
 
+// A code of the punctuation mode, shifted to where another is in force.
+constexpr Code PunctCode(std::size_t mode, const Code& code) {
+  return mode == kPunct ? code : CodeIn(mode, kPunctShift).then(code);
+}
+
+// How the characters are written in each mode that stays in force; no bits where one cannot be.
+using TextCodes = std::array<std::array<Code, kModes>, 256>;
+
+constexpr TextCodes MakeTextCodes() {
+  TextCodes codes{};
+  for (std::size_t character = 0; character < codes.size(); ++character) {
+    const int upper = kCodes[kUpper][character], punct = kCodes[kPunct][character];
+    for (std::size_t mode = 0; mode < kModes; ++mode) {
+      Code& code = codes[character][mode];
+      if (const int own = kCodes[mode][character]; own != kNoCode) {
+        code = CodeIn(mode, own);
+      } else if (upper != kNoCode && kUpperShift[mode] != kNoCode) {
+        code = CodeIn(mode, kUpperShift[mode]).then(CodeIn(kUpper, upper));
+      } else if (punct != kNoCode) {
+        code = PunctCode(mode, CodeIn(kPunct, punct));
+      }
+    }
+  }
+  return codes;
+}
+constexpr TextCodes kTextCodes = MakeTextCodes();
+
 // The code in punctuation mode of two characters.
 constexpr int PairCode(int first, int second) {
   if (first == '\r' && second == '\n') return 2;
   if (second != ' ') return kNoCode;
   return first == '.' ? 3 : first == ',' ? 4 : first == ':' ? 5 : kNoCode;
+}
+
+// What a run of bytes begins with.
+constexpr Code RunCode(std::size_t mode, std::size_t length) {
+  const Code shift = CodeIn(mode, kBinaryShift);
+  return length <= kLongestShortRun ? shift.then({5, static_cast<std::uint32_t>(length)})
+                                    : shift.then({5 + 11, static_cast<std::uint32_t>(length - 31)});
 }
 
 // The shortest way from mode to mode; no bits where it is the same one.
@@ -94,7 +122,7 @@ using Latches = std::array<std::array<Code, kModes>, kModes>;
 constexpr Latches MakeLatches() {
   Latches ways{};
   const auto set = [&](std::size_t from, std::size_t to, int code) {
-    ways[from][to] = Code{}.then(from, code);
+    ways[from][to] = CodeIn(from, code);
   };
   set(kUpper, kLower, 28), set(kUpper, kMixed, 29), set(kUpper, kDigit, 30);
   set(kLower, kMixed, 29), set(kLower, kDigit, 30);
@@ -123,8 +151,7 @@ struct Step {
   int cost = std::numeric_limits<int>::max();
   std::uint16_t taken = 0;  // characters
   std::uint8_t from = 0;    // mode
-  bool run = false;         // the characters taken follow the code as bytes
-  Code code;
+  bool run = false;         // of bytes
 
   bool reached() const { return cost != std::numeric_limits<int>::max(); }
 };
@@ -165,8 +192,28 @@ class ShortestPath {
     at(0, kUpper).cost = 0;
   }
 
-  // The steps of the message from its begin on, and the mode at its end.
-  std::vector<Step> run(AztecMode& last) {
+  // Adds the message, and returns the mode at its end.
+  AztecMode write(std::vector<Code>& codes) {
+    find();
+    std::size_t last = 0;
+    for (std::size_t mode = 1; mode < kModes; ++mode) {
+      if (at(end, mode).cost < at(end, last).cost) last = mode;
+    }
+    const auto first = std::ssize(codes);
+    std::size_t mode = last;
+    for (std::size_t place = end; at(place, mode).cost != 0;) {
+      const Step& step = at(place, mode);
+      place -= step.taken;
+      writeBackwards(place, step, mode, codes);
+      mode = step.from;
+    }
+    std::reverse(codes.begin() + first, codes.end());
+    return static_cast<AztecMode>(last);
+  }
+
+ private:
+  // The last step to each state.
+  void find() {
     for (std::size_t place = 0; place <= end; ++place) {
       // In this order few runs are worth a look: most cost more than text and a latch.
       latch(place);
@@ -180,10 +227,8 @@ class ShortestPath {
       if (mayBeText(place)) takeText(place);
       if (!isByte(place)) takeFunction(place);
     }
-    return trace(last);
   }
 
- private:
   Step& at(std::size_t place, std::size_t mode) { return steps[place * kModes + mode]; }
   bool isByte(std::size_t place) const { return content.characters[place] < 256; }
   bool mayBeText(std::size_t place) const {
@@ -191,13 +236,12 @@ class ShortestPath {
   }
 
   // Whether the step is taken up.
-  bool offer(std::size_t place, std::size_t from, std::size_t to, const Code& code,
-             std::size_t taken, bool asRun = false) {
-    const auto count = static_cast<int>(taken);
-    const int cost = at(place, from).cost + code.bits + (asRun ? 8 * count : 0);
+  bool offer(std::size_t place, std::size_t from, std::size_t to, int bits, std::size_t taken,
+             bool asRun = false) {
+    const int cost = at(place, from).cost + bits;
     Step& best = at(place + taken, to);
     if (cost - slack(place, taken == 0) > best.cost) return false;
-    best = {cost, static_cast<std::uint16_t>(taken), static_cast<std::uint8_t>(from), asRun, code};
+    best = {cost, static_cast<std::uint16_t>(taken), static_cast<std::uint8_t>(from), asRun};
     return true;
   }
 
@@ -217,42 +261,24 @@ class ShortestPath {
       const Step& step = at(place, from);
       if (!step.reached() || (shorterOnly && step.taken == 0)) continue;
       for (std::size_t to = 0; to < kModes; ++to) {
-        if (to != from) offer(place, from, to, kLatches[from][to], 0);
+        if (to != from) offer(place, from, to, kLatches[from][to].bits, 0);
       }
     }
   }
 
-  // One code of the punctuation mode, shifted to where another is in force.
-  void takePunct(std::size_t place, std::size_t mode, const Code& code, std::size_t taken) {
-    const Code shift = mode == kPunct ? Code{} : Code{}.then(mode, kPunctShift);
-    offer(place, mode, mode, shift.then(code), taken);
-  }
-
+  // The digits of an ECI number, which every way has to write, count nothing.
   void takeFunction(std::size_t place) {
-    // The digits, which every way has to write, count nothing.
-    const bool eci = content.characters[place] == kAztecInterpretation;
-    const auto digits = eci ? static_cast<std::uint32_t>(std::to_string(content.eci).size()) : 0;
-    const Code function = Code{}.then(kPunct, kFunction).then({3, digits});
-    for (std::size_t mode = 0; mode < kModes; ++mode) takePunct(place, mode, function, 1);
+    for (std::size_t mode = 0; mode < kModes; ++mode) {
+      offer(place, mode, mode, functionCode(place, mode).bits, 1);
+    }
   }
 
   void takeText(std::size_t place) {
-    const std::size_t character = content.characters[place];
-    const bool pair = place + 1 < end && mayBeText(place + 1);
-    const int pairCode =
-        pair ? PairCode(content.characters[place], content.characters[place + 1]) : kNoCode;
-    const int upper = kCodes[kUpper][character];
-    const int punct = kCodes[kPunct][character];
+    const auto& codes = kTextCodes[content.characters[place]];
+    const bool pair = pairCode(place) != kNoCode;
     for (std::size_t mode = 0; mode < kModes; ++mode) {
-      const int code = kCodes[mode][character];
-      if (code != kNoCode) {
-        offer(place, mode, mode, Code{}.then(mode, code), 1);
-      } else if (upper != kNoCode && kUpperShift[mode] != kNoCode) {
-        offer(place, mode, mode, Code{}.then(mode, kUpperShift[mode]).then(kUpper, upper), 1);
-      } else if (punct != kNoCode) {
-        takePunct(place, mode, Code{}.then(kPunct, punct), 1);
-      }
-      if (pairCode != kNoCode) takePunct(place, mode, Code{}.then(kPunct, pairCode), 2);
+      if (codes[mode].bits != 0) offer(place, mode, mode, codes[mode].bits, 1);
+      if (pair) offer(place, mode, mode, PunctCode(mode, CodeIn(kPunct, 0)).bits, 2);
     }
   }
 
@@ -292,29 +318,45 @@ class ShortestPath {
     const std::size_t length = place - start->place;
     const int least = start->key + 8 * static_cast<int>(place) + kLeastRunBits;
     if (least - slack(start->place, false) > at(place, mode).cost) return false;
-    const Code shift = Code{}.then(mode, kBinaryShift);
-    const Code run = length <= kLongestShortRun
-                         ? shift.then({5, static_cast<std::uint32_t>(length)})
-                         : shift.then({5 + 11, static_cast<std::uint32_t>(length - 31)});
-    return offer(start->place, mode, mode, run, length, true);
+    const int bits = RunCode(mode, length).bits + 8 * static_cast<int>(length);
+    return offer(start->place, mode, mode, bits, length, true);
   }
 
-  std::vector<Step> trace(AztecMode& last) {
-    std::size_t mode = 0;
-    for (std::size_t other = 1; other < kModes; ++other) {
-      if (at(end, other).cost < at(end, mode).cost) mode = other;
+  // The code of two characters, if they have one.
+  int pairCode(std::size_t place) const {
+    if (place + 1 >= end || !mayBeText(place + 1)) return kNoCode;
+    return PairCode(content.characters[place], content.characters[place + 1]);
+  }
+
+  // Without the digits of an ECI number.
+  Code functionCode(std::size_t place, std::size_t mode) const {
+    const bool eci = content.characters[place] == kAztecInterpretation;
+    const auto digits = eci ? static_cast<std::uint32_t>(std::to_string(content.eci).size()) : 0;
+    return PunctCode(mode, CodeIn(kPunct, kFunction).then({3, digits}));
+  }
+
+  // The step from a place to a mode, its last code first.
+  void writeBackwards(std::size_t place, const Step& step, std::size_t mode,
+                      std::vector<Code>& codes) const {
+    if (step.taken == 0) {
+      codes.push_back(kLatches[step.from][mode]);
+    } else if (step.run) {
+      for (std::size_t i = step.taken; i-- > 0;) {
+        codes.push_back({8, content.characters[place + i]});
+      }
+      codes.push_back(RunCode(mode, step.taken));
+    } else if (step.taken == 2) {
+      codes.push_back(PunctCode(mode, CodeIn(kPunct, pairCode(place))));
+    } else if (isByte(place)) {
+      codes.push_back(kTextCodes[content.characters[place]][mode]);
+    } else {
+      if (content.characters[place] == kAztecInterpretation) {
+        for (int left = content.eci; left > 0; left /= 10) {
+          codes.push_back(CodeIn(kDigit, kCodes[kDigit]['0' + left % 10]));
+        }
+      }
+      codes.push_back(functionCode(place, mode));
     }
-    last = static_cast<AztecMode>(mode);
-    std::vector<Step> way;
-    way.reserve(2 * end);
-    for (std::size_t place = end; at(place, mode).cost != 0;) {
-      const Step& step = at(place, mode);
-      way.push_back(step);
-      place -= step.taken;
-      mode = step.from;
-    }
-    std::reverse(way.begin(), way.end());
-    return way;
   }
 
   const AztecContent& content;
@@ -325,22 +367,8 @@ class ShortestPath {
   unsigned choice;
 };
 
-void Append(std::vector<std::uint8_t>& bits, const Code& code) {
-  const auto count = static_cast<std::size_t>(code.bits);
-  bits.resize(bits.size() + count);
-  std::uint8_t* next = bits.data() + bits.size();
-  for (std::size_t bit = 0; bit < count; ++bit) *--next = code.value >> bit & 1;
-}
-
-void AppendDigits(std::vector<std::uint8_t>& bits, int number) {
-  for (const char digit : std::to_string(number)) {
-    Append(bits, {CodeBits(kDigit),
-                  static_cast<std::uint32_t>(kCodes[kDigit][static_cast<unsigned char>(digit)])});
-  }
-}
-
 // `count` bits that a reader in `mode` takes for nothing but latches.
-std::uint32_t Filling(std::size_t mode, int count) {
+Code Filling(std::size_t mode, int count) {
   constexpr std::size_t kNext[kModes] = {kDigit, kDigit, kUpper, kUpper, kUpper};
   Code filling;
   while (count - filling.bits >= CodeBits(mode)) {
@@ -348,49 +376,40 @@ std::uint32_t Filling(std::size_t mode, int count) {
     mode = kNext[mode];
   }
   const int left = count - filling.bits;
-  return filling.then({left, (1U << left) - 1}).value;
+  return filling.then({left, (1U << left) - 1});
+}
+
+// The first word of what is left to write.
+std::uint16_t TakeWord(Code& left, int wordBits) {
+  left.bits -= wordBits;
+  const std::uint32_t word = left.value >> left.bits & ((1U << wordBits) - 1);
+  const std::uint32_t head = word >> 1, ones = (1U << (wordBits - 1)) - 1;
+  if (head != 0 && head != ones) return static_cast<std::uint16_t>(word);
+  // The last bit is stuffing; what stood there comes next.
+  ++left.bits;
+  return static_cast<std::uint16_t>(head << 1 | (head == 0 ? 1 : 0));
 }
 
 }  // namespace
 
 AztecMessage::AztecMessage(const AztecContent& content, unsigned choice) {
-  const std::vector<Step> way = ShortestPath(content, choice).run(last);
-  bits.reserve(content.characters.size() * 8);
-  std::size_t place = 0;
-  if (content.append) Append(bits, kAppendMark);
-  for (const Step& step : way) {
-    Append(bits, step.code);
-    if (step.taken == 1 && content.characters[place] == kAztecInterpretation) {
-      AppendDigits(bits, content.eci);
-    }
-    for (std::size_t i = place; step.run && i < place + step.taken; ++i) {
-      Append(bits, {8, content.characters[i]});
-    }
-    place += step.taken;
-  }
+  codes.reserve(content.characters.size() + 16);
+  if (content.append) codes.push_back(kAppendMark);
+  last = ShortestPath(content, choice).write(codes);
+  for (const AztecCode& code : codes) bits += code.bits;
 }
 
 AztecMessage::Words AztecMessage::words(int wordBits) const {
-  const std::size_t size = static_cast<std::size_t>(wordBits);
-  const std::uint32_t ones = (1U << (wordBits - 1)) - 1;  // without the last bit
   Words result;
-  result.reserve(bits.size() / (size - 1) + 1);
-  for (std::size_t place = 0; place < bits.size();) {
-    const std::size_t taken = std::min(size, bits.size() - place);
-    std::uint32_t word = 0;
-    for (std::size_t i = 0; i < taken; ++i) word = word << 1 | bits[place + i];
-    if (taken < size) {
-      const int missing = wordBits - static_cast<int>(taken);
-      word = word << missing | Filling(static_cast<std::size_t>(last), missing);
-    }
-    place += taken;
-    const std::uint32_t head = word >> 1;
-    if (head == 0 || head == ones) {
-      // The last bit is stuffing; what stood there comes next.
-      if (taken == size) --place;
-      word = head << 1 | (head == 0 ? 1 : 0);
-    }
-    result.push_back(static_cast<std::uint16_t>(word));
+  result.reserve(static_cast<std::size_t>(bits / (wordBits - 1) + 1));
+  Code left;
+  for (const AztecCode& code : codes) {
+    left = left.then(code);
+    while (left.bits >= wordBits) result.push_back(TakeWord(left, wordBits));
+  }
+  if (left.bits > 0) {
+    left = left.then(Filling(static_cast<std::size_t>(last), wordBits - left.bits));
+    result.push_back(TakeWord(left, wordBits));
   }
   return result;
 }

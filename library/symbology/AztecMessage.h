@@ -21,6 +21,17 @@ struct AztecContent {
   bool binary = false;                    // the bytes of the data in binary shifts only
 };
 
+// Bits, those that come last in the lowest ones of the value.
+struct AztecCode {
+  int bits = 0;
+  std::uint32_t value = 0;
+
+  // More than 32 bits lose those that come first.
+  constexpr AztecCode then(const AztecCode& next) const {
+    return {bits + next.bits, value << next.bits | next.value};
+  }
+};
+
 class AztecMessage {
  public:
   using Words = std::vector<std::uint16_t>;
@@ -30,7 +41,7 @@ class AztecMessage {
   explicit AztecMessage(const AztecContent& content, unsigned choice = 0);
   static constexpr unsigned kChoices = 32;
 
-  int bitCount() const { return static_cast<int>(bits.size()); }
+  int bitCount() const { return bits; }
   // The fewest bits that any message of so many characters takes.
   static std::size_t leastBits(std::size_t characters) { return characters * 5 / 2; }
 
@@ -40,7 +51,8 @@ class AztecMessage {
   Words words(int wordBits) const;
 
  private:
-  std::vector<std::uint8_t> bits;
+  std::vector<AztecCode> codes;
+  int bits = 0;                        // of all of them
   AztecMode last = AztecMode::kUpper;  // at the end
 };
 
