@@ -34,6 +34,7 @@ bool CanHold(const Options& options, std::string_view text) {
   // Numbers of one length have no place for anything else.
   const int least = symbology.minLength + static_cast<int>(text.size());
   if (symbology.fixedLength > 0 || least > symbology.maxLength) return false;
+  if (symbology.family.closed != nullptr && symbology.family.closed(options)) return false;
   return !TakesGs1(symbology, options) && std::all_of(text.begin(), text.end(), [&](char c) {
     return symbology.characters.contains(static_cast<unsigned char>(c));
   });

@@ -26,6 +26,13 @@ inline bool GsCodablock(const Options& options) {
   return options.codablock.format == 1;
 }
 
+inline bool AztecRune(const Options& options) {
+  return options.aztec.runes;
+}
+inline bool NumericMicroQr(const Options& options) {
+  return options.qr.microVersion == 1;
+}
+
 inline SetHeights Pdf417Heights(const Options& options) {
   return {options.pdf417.rowHeight, -1};
 }
@@ -152,13 +159,18 @@ constexpr Family kHibcPdf417 = {.geometry = G::kStacked,
 
 // Matrix symbols.
 constexpr Family kMatrix = {.geometry = G::kMatrix};
+constexpr Family kMicroQr = {.geometry = G::kMatrix, .closed = NumericMicroQr};
+constexpr Family kMailmarkMatrix = {.geometry = G::kMatrix, .closed = Always};
 constexpr Family kQrCode = {
     .geometry = G::kMatrix, .eci = true, .takesGs1 = GsQrCode, .append = &kQrCodeAppend};
 constexpr Family kRectangularMicroQr = {.geometry = G::kMatrix, .eci = true, .takesGs1 = GsQrCode};
 constexpr Family kDataMatrix = {
     .geometry = G::kMatrix, .eci = true, .takesGs1 = GsDataMatrix, .append = &kDataMatrixAppend};
-constexpr Family kAztec = {
-    .geometry = G::kMatrix, .eci = true, .takesGs1 = GsAztec, .append = &kAztecAppend};
+constexpr Family kAztec = {.geometry = G::kMatrix,
+                           .eci = true,
+                           .takesGs1 = GsAztec,
+                           .append = &kAztecAppend,
+                           .closed = AztecRune};
 // Dots on every other place of a grid.
 constexpr Family kDotCode = {.geometry = G::kDots, .eci = true, .append = &kDotCodeAppend};
 constexpr Family kCodeOne = {.geometry = G::kMatrix, .eci = true, .append = &kCodeOneAppend};

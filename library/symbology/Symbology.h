@@ -56,6 +56,7 @@ struct Family {
   bool ownElementCharacters = false;  // element strings have the characters of the type's row
   SetHeights (*setHeights)(const Options& options) = nullptr;  // null: no option sets them
   const StructuredAppend* append = nullptr;                    // null: the symbology has none
+  bool (*closed)(const Options& options) = nullptr;  // no text may stand before the data; null: may
 };
 
 // A clear zone round a symbol in X.
