@@ -414,23 +414,6 @@ TEST(Aztec, BinaryWritesBytesOnly) {
   EXPECT_EQ(ModeOf(symbol).dataWords, (21 + 800 + 7) / 8);
 }
 
-TEST(Aztec, RunesAreLibzints) {
-  Options options = OptionsFor(92, "");
-  options.aztec.runes = true;
-  for (int number = 0; number < 256; ++number) {
-    options.data = std::to_string(number);
-    Library::ZintSymbol theirs(BARCODE_AZRUNE);
-    theirs.encode(options.data);
-    Symbol expected;
-    theirs.copyRows(expected, 1);
-    const Symbol symbol = Library::Encode(options);
-    ASSERT_EQ(symbol.width, expected.width);
-    for (std::size_t row = 0; row < expected.rows.size(); ++row) {
-      ASSERT_EQ(symbol.rows[row].runs, expected.rows[row].runs) << number;
-    }
-  }
-}
-
 TEST(Aztec, OptionsThatMakeNoSenseAreRefused) {
   const struct {
     const char* name;

@@ -548,28 +548,57 @@ TEST(RectangularMicroQrCode, TakesFormatsAndEciButNoOtherLevels) {
 // Made of QR Codes
 
 TEST(UpnQr, IsOneVersionOfBytesInLatin2) {
+  // Everything that ISO 8859-2 prints, and the end of a line.
+  std::string latin2 = "\n";
+  for (int c = 0x20; c < 0x100; ++c) latin2 += c < 0x7F || c >= 0xA0 ? static_cast<char>(c) : ' ';
   Source source;
-  Options options = OptionsFor(kUpnQr, "UPNQR\n\n\n\n\nJanez Novak\n1000 Ljubljana\n\xE8\n");
-  for (options.qr.mask = -1; options.qr.mask < 8; ++options.qr.mask) {
-    EXPECT_EQ(Encoded(options), GridByLibzint(BARCODE_UPNQR, options.data, [&](auto& symbol) {
-                symbol.option_3 = (options.qr.mask + 1) << 8;
-              }));
+  for (int row = 0; row < 36; ++row) {
+    SCOPED_TRACE(row);
+    const int length = row == 0 ? 1 : row % 9 == 0 ? 411 : 1 + source.below(411);
+    Options options = OptionsFor(kUpnQr, source.of(latin2, length));
+    options.qr.mask = row % 9 - 1;
+    options.qr.version = row % 2 == 0 ? 0 : 15;
+    const Symbol symbol = Library::Encode(options);
+    const Scanned scanned = Scan(symbol);
+    EXPECT_TRUE(IsRead(scanned, options.data));
+    EXPECT_EQ(scanned.withEci.substr(0, 10), "]Q2\\000004");
+    EXPECT_TRUE(IsSame(kUpnQr, "libzint", GridOf(symbol),
+                       GridByLibzint(BARCODE_UPNQR, options.data, [&](zint_symbol& zint) {
+                         zint.option_3 = (options.qr.mask + 1) << 8;
+                       })));
   }
-  options.qr.mask = -1;
-  options.data = source.bytes(411, 160);
-  EXPECT_TRUE(ReadsBack(Library::Encode(options), options.data));
-  options.data += 'x';
-  EXPECT_EQ(RefusalOf(options), (Refusal{BC_E_DATATOOLONG, -1}));
-  options.data = "x";
-  options.qr.version = 14;
-  EXPECT_EQ(RefusalOf(options), (Refusal{BC_E_INVALIDARG, -1}));
-  options.qr.version = 15;
-  EXPECT_EQ(RefusalOf(options), Refusal{});
-  options.qr.ecLevel = 2;
-  EXPECT_EQ(RefusalOf(options), (Refusal{BC_E_INVALIDARG, -1}));
-  options.qr.ecLevel = 1;
-  options.qr.format = 1;
-  EXPECT_EQ(RefusalOf(options), (Refusal{BC_E_NOTSUPPORTED, -1}));
+  // The bytes are the caller's: UTF-8 and control characters go through as they are.
+  const std::string others = "\xC4\x8D\x80\x9F" + std::string(1, '\0') + "\x7F\\";
+  EXPECT_TRUE(ReadsBack(Library::Encode(OptionsFor(kUpnQr, others)), others));
+}
+
+TEST(UpnQr, RefusesWhatItHasNot) {
+  const struct {
+    const char* name;
+    std::function<void(Options&)> set;
+    BCResult code;
+  } cases[] = {
+      {"412 bytes", [](Options& o) { o.data.assign(412, '1'); }, BC_E_DATATOOLONG},
+      {"nothing", [](Options& o) { o.data.clear(); }, BC_E_INVALIDDATA},
+      {"version 1", [](Options& o) { o.qr.version = 1; }, BC_E_INVALIDARG},
+      {"version 14", [](Options& o) { o.qr.version = 14; }, BC_E_INVALIDARG},
+      {"version 16", [](Options& o) { o.qr.version = 16; }, BC_E_INVALIDARG},
+      {"version 41", [](Options& o) { o.qr.version = 41; }, BC_E_INVALIDARG},
+      {"level L", [](Options& o) { o.qr.ecLevel = 0; }, BC_E_INVALIDARG},
+      {"level Q", [](Options& o) { o.qr.ecLevel = 2; }, BC_E_INVALIDARG},
+      {"level H", [](Options& o) { o.qr.ecLevel = 3; }, BC_E_INVALIDARG},
+      {"mask 8", [](Options& o) { o.qr.mask = 8; }, BC_E_INVALIDARG},
+      {"GS1", [](Options& o) { o.qr.format = 1; }, BC_E_NOTSUPPORTED},
+      {"industry", [](Options& o) { o.qr.format = 2, o.qr.indicator = "37"; }, BC_E_NOTSUPPORTED},
+      {"append", [](Options& o) { o.qr.appendSum = 2, o.qr.appendIndex = 1; }, BC_E_NOTSUPPORTED},
+      {"other interpretation", [](Options& o) { o.eci = 26; }, BC_E_NOTSUPPORTED},
+      {"component", [](Options& o) { o.compositeType = 1; }, BC_E_NOTSUPPORTED},
+  };
+  for (const auto& row : cases) {
+    Options options = OptionsFor(kUpnQr, "UPNQR\n");
+    row.set(options);
+    EXPECT_EQ(RefusalOf(options), (Refusal{row.code, -1})) << row.name;
+  }
 }
 
 TEST(HibcQrCode, HoldsTheWholeMessage) {
