@@ -187,7 +187,8 @@ TEST(DataMatrix, HasTheThreeSizesOfMailmark) {
     bool rectangular;
     int size, height, width;
   } cases[] = {{6, false, 0, 24, 24}, {7, false, 0, 32, 32},  {45, false, 0, 32, 32},
-               {25, true, 0, 16, 48}, {0, false, 30, 16, 48}, {0, false, 10, 32, 32}};
+               {25, true, 0, 16, 48}, {0, false, 30, 16, 48}, {0, false, 10, 32, 32},
+               {0, false, 0, 24, 24}, {20, true, 0, 16, 48},  {13, false, 0, 32, 32}};
   for (const auto& row : cases) {
     Options options = OptionsFor(119, kMailmark + std::string(row.content, 'A'));
     options.dataMatrix.rectangular = row.rectangular;

@@ -1,4 +1,4 @@
-// The linear symbologies that are no Code 128 and no DataBar: random data of every length, read
+// The linear symbologies but DataBar: random data of every length, read
 // back by ZXing or compared with libzint's bars; what stands below the bars; and every refusal.
 #include "library/Error.h"
 #include "library/layout/ElementWidths.h"
@@ -24,8 +24,9 @@ using Source = std::function<std::string(Random&)>;
 
 constexpr const char* kDigits = "0123456789";
 constexpr const char* kCode39 = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ-. $/+%";
+constexpr const char* kNamed = "0123456789ABCXYZabcxyz-/()";
 
-constexpr int kRowsOfEach = 8;
+constexpr int kRowsOfEach = 10;
 
 std::string RandomText(std::string_view alphabet, int length, Random& random) {
   std::string text;
@@ -116,6 +117,12 @@ TEST(LinearTypes, AreReadBack) {
       return front + expected(data, symbol);
     };
   };
+  const Expected element = [](const std::string& data, const Symbol&) {
+    return data.substr(1, 2) + data.substr(4);
+  };
+  const Expected s10 = [](const std::string& data, const Symbol& symbol) {
+    return data.substr(0, 10) + symbol.checkDigits + data.substr(10);
+  };
   const Expected issn = [](const std::string& data, const Symbol& symbol) {
     return "977" + data.substr(0, 4) + data.substr(5, 3) + data.substr(8, 2) + symbol.checkDigits;
   };
@@ -131,9 +138,13 @@ TEST(LinearTypes, AreReadBack) {
     const char* format;
     Expected read;
   } rows[] = {
+      {3, 1, Digits(10) + Digits(20), "ITF", same},
+      {8, 1, Of(kCode39, 1, 60), "Code39", same},
       {9, 1, Of(Ascii(), 1, 40), "Code39", same},
+      {10, 1, Digits(7), "EAN-8", checked},
       {11, 1, Digits(7) + "+" + Digits(2), "EAN-8", withAddOn},
       {12, 1, Digits(7) + "+" + Digits(5), "EAN-8", withAddOn},
+      {13, 1, "4" + Digits(11), "EAN-13", checked},
       {14, 1, "4" + Digits(11) + "+" + Digits(2), "EAN-13", withAddOn},
       {15, 1, "7" + Digits(11) + "+" + Digits(5), "EAN-13", withAddOn},
       {18, 1, CodabarText, "Codabar", same},
@@ -143,19 +154,27 @@ TEST(LinearTypes, AreReadBack) {
       {25, 1, Of(kCode39, 1, 60), "Code93", same},
       {26, 1, Digits(4) + "-" + Digits(3) + Digits(2), "EAN-13", issn},
       {27, 1, Digits(4) + "-" + Digits(3) + Digits(2) + "+" + Digits(2), "EAN-13", issnWithAddOn},
+      {33, 1, "(21)" + Of(kNamed, 1, 20), "Code128", element},
+      {34, 1, Digits(11), "UPC-A", checked},
       {35, 1, Digits(11) + "+" + Digits(2), "UPC-A", withAddOn},
       {36, 1, Digits(11) + "+" + Digits(5), "UPC-A", withAddOn},
       {37, 1, ShortUpc, "UPC-E", ahead("0", checked)},
       {37, 1, "1" + Source(ShortUpc), "UPC-E", checked},
       {38, 1, "0" + Source(ShortUpc) + "+" + Digits(2), "UPC-E", withAddOn},
       {39, 1, "1" + Source(ShortUpc) + "+" + Digits(5), "UPC-E", withAddOn},
+      {48, 1, Digits(17), "Code128", ahead("00", checked)},
       {50, 1, Of(kCode39, 1, 30), "Code39", same},
       {50, 3, Of(kCode39, 1, 30), "Code39", checked},
       {62, 1, Of(Ascii(), 1, 53), "Code93", same},
       {69, 1, "978" + Digits(9), "EAN-13", checked},
       {69, 1, "979" + Digits(9) + "+" + Digits(5), "EAN-13", withAddOn},
+      {72, 1, Digits(13), "Code128", ahead("01", checked)},
       {73, 1, "W" + Of("0123456789ABCDEFGHJKLMNPRSTUVWXYZ", 16, 16), "Code39", same},
+      {75, 1, Digits(17), "Code128", ahead("00", checked)},
+      {88, 1, "(10)" + Of(kNamed, 1, 20), "Code128", element},
       {89, 1, Digits(13), "ITF", checked},
+      {96, 1, "%" + Digits(27), "Code128", same},
+      {120, 1, Of("ABCDEFGHIJ", 2, 2) + Digits(8) + "US", "Code128", s10},
   };
   Random random = Seeded(39);
   for (const auto& row : rows) {

@@ -268,6 +268,30 @@ TEST(DotCode, IsDrawnAsDotsThatDoNotTouch) {
   }
 }
 
+TEST(HibcMessages, AreReadBackFromEveryCarrier) {
+  constexpr std::string_view kValues = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ-. $/+%";
+  std::mt19937 random = Seeded(26);
+  for (const int type : {98, 99, 100, 101, 102, 103, 104, 105, 106, 107, 110, 111, 112, 113}) {
+    for (std::size_t row = 0; row < 10; ++row) {
+      std::string message = "+";
+      std::size_t sum = kValues.find('+');
+      for (std::size_t length = row == 0 ? 2 : 2 + random() % 50; length > 0; --length) {
+        const std::size_t value = message.size() == 1 ? 10 : random() % kValues.size();
+        sum += value;
+        message += kValues[value];
+      }
+      const Symbol symbol = Library::Encode(OptionsFor(type, message.substr(row % 2)));
+      message += kValues[sum % kValues.size()];
+      if (type == 110 || type == 111) {
+        const Symbol carrier = Library::Encode(OptionsFor(74, message));
+        EXPECT_TRUE(IsSame(type, "the carrier's symbol", Rows(symbol), Rows(carrier)));
+      } else {
+        EXPECT_TRUE(ReadsBack(symbol, message)) << type;
+      }
+    }
+  }
+}
+
 // What marks an industry's data would stand in front of the plus sign that tells what these are.
 TEST(HibcMessages, AreNoElementStrings) {
   const struct {
