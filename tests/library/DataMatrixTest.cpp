@@ -82,6 +82,10 @@ TEST(DataMatrix, HoldsInEverySizeWhatTheStandardSays) {
     EXPECT_TRUE(ReadsBack(Library::Encode(options), options.data));
     options.data += '7';
     EXPECT_EQ(RefusalOf(options).code, BC_E_DATATOOLONG);
+    // A byte less, and the length is written: in two words where it takes two.
+    if (words == 3) continue;
+    options.data.resize(words - 3);
+    EXPECT_TRUE(ReadsBack(Library::Encode(options), options.data));
   }
 }
 
