@@ -18,6 +18,9 @@ namespace {
 constexpr std::size_t kNone = std::string_view::npos;
 // Widths of characters may stand between a string and the operator that shows it.
 constexpr std::size_t kLongestOperators = 256 * 1024;
+// Operators in the code of one unit, which has them once for each part of the text that stays
+// visible.
+constexpr std::size_t kMostOperatorCode = 4 * 1024 * 1024;
 
 bool IsOneOf(std::string_view word, std::initializer_list<std::string_view> words) {
   return std::find(words.begin(), words.end(), word) != words.end();
@@ -56,6 +59,7 @@ std::size_t StringBegin(std::string_view text) {
   if (text.ends_with('>')) return text.rfind('<');
   std::size_t depth = 0;
   for (std::size_t at = text.size(); at-- > 0;) {
+    if (text[at] != '(' && text[at] != ')') continue;
     std::size_t backslashes = 0;
     while (backslashes < at && text[at - 1 - backslashes] == '\\') ++backslashes;
     if (backslashes % 2 == 1) continue;
@@ -79,6 +83,10 @@ std::size_t AutoInsert::Unit::length() const {
 }
 
 ResultCode AutoInsert::handlePostScriptString(std::size_t size, const Producer& newProducer) {
+  if (job.stream.position() < noBeginBefore) {
+    job.stream.forward(size);
+    return Diag::kSuccess;
+  }
   producer = newProducer;
   text.clear();
   units.clear();
@@ -274,9 +282,21 @@ bool AutoInsert::findBegin(std::size_t from, std::size_t& begin) {
     if (begin != kNone) return true;
     const std::size_t part = PartAtEnd(std::string_view(text).substr(from), token);
     const std::size_t now = text.size() - part;
-    if (part == 0 || now > partBegin || !readNextUnit()) return false;
+    if (part == 0 || now > partBegin || !readNextUnit()) {
+      noteSearched(units.front());
+      return false;
+    }
     partBegin = now;
   }
+}
+
+// Notes that the strings of a unit, which is in the text, need not be searched again, but for one
+// in which a token may begin that goes on behind the text.
+void AutoInsert::noteSearched(const Unit& unit) {
+  std::uint64_t place = job.stream.position() + unit.operandEnd;
+  if (const std::size_t part = PartAtEnd(text, job.application.escapeBegin); part > 0)
+    place = std::min(place, placeOf(text.size() - part));
+  noBeginBefore = std::max(noBeginBefore, place);
 }
 
 // Sets `end` behind the end token.
@@ -305,9 +325,7 @@ ResultCode AutoInsert::takeSequence(std::size_t begin, std::size_t end) {
 }
 
 void AutoInsert::take(std::size_t begin, std::size_t end, const std::string& output) {
-  const auto endsBefore = [&](const Part& part) {
-    return part.textBegin + part.bytes.size() <= begin;
-  };
+  const auto endsBefore = [&](const Part& part) { return part.textEnd() <= begin; };
   bool first = true;
   for (auto unit = std::ranges::partition_point(
            units, [&](const Unit& each) { return endsBefore(each.parts.back()); });
@@ -315,30 +333,41 @@ void AutoInsert::take(std::size_t begin, std::size_t end, const std::string& out
     for (auto part = std::ranges::partition_point(unit->parts, endsBefore);
          part != unit->parts.end() && part->textBegin < end; ++part) {
       if (part->bytes.empty()) continue;
-      const std::size_t partEnd = part->textBegin + part->bytes.size();
       part->taken.push_back({std::max(begin, part->textBegin) - part->textBegin,
-                             std::min(end, partEnd) - part->textBegin, first,
+                             std::min(end, part->textEnd()) - part->textBegin, first,
                              first ? output : std::string()});
       first = false;
     }
   }
 }
 
-// The place in the job of the part that holds an offset of the text.
-std::uint64_t AutoInsert::placeOf(std::size_t textOffset) {
-  const auto beginsUpTo = [&](const Part& part) { return part.textBegin <= textOffset; };
-  const auto unit = std::ranges::partition_point(
-      units, [&](const Unit& each) { return beginsUpTo(each.parts.front()); });
-  if (unit == units.begin()) return job.stream.position();
-  const std::vector<Part>& parts = std::prev(unit)->parts;
-  const auto part = std::ranges::partition_point(parts, beginsUpTo);
-  return job.stream.position() + std::prev(part)->begin;
+// The unit that holds an offset of the text, and the part of it.
+const AutoInsert::Unit& AutoInsert::unitAt(std::size_t textOffset) const {
+  return *std::prev(std::ranges::partition_point(
+      units, [&](const Unit& unit) { return unit.parts.front().textBegin <= textOffset; }));
 }
 
+const AutoInsert::Part& AutoInsert::partAt(std::size_t textOffset) const {
+  return *std::prev(std::ranges::partition_point(
+      unitAt(textOffset).parts, [&](const Part& part) { return part.textBegin <= textOffset; }));
+}
+
+// The place in the job of that part.
+std::uint64_t AutoInsert::placeOf(std::size_t textOffset) const {
+  return job.stream.position() + partAt(textOffset).begin;
+}
+
+// Reports the sequence that begins here, and of each further string of its array the first one.
 ResultCode AutoInsert::reportUnclosed(std::size_t begin) {
   noEndBefore = std::max(noEndBefore, job.stream.position() + units.back().end);
-  job.log.Trace(Diag::kWarning, "Begin of barcode escape sequence without valid end found!");
-  job.noteBarcodeMissing(placeOf(begin), "has no end");
+  const Unit& unit = unitAt(begin);
+  const std::size_t last = unit.parts.back().textEnd();
+  while (begin < last) {
+    job.log.Trace(Diag::kWarning, "Begin of barcode escape sequence without valid end found!");
+    job.noteBarcodeMissing(placeOf(begin), "has no end");
+    begin = text.find(job.application.escapeBegin, std::max(begin + 1, partAt(begin).textEnd()));
+  }
+  if (unit.parts.size() > 1) noteSearched(unit);
   return Diag::kUnclosedSequence;
 }
 
@@ -347,7 +376,8 @@ ResultCode AutoInsert::reportUnclosed(std::size_t begin) {
 void AutoInsert::writeUnits() {
   std::string output;
   std::size_t at = 0;
-  for (const Unit& unit : units) {
+  for (Unit& unit : units) {
+    boundCode(unit);
     output += window().substr(at, unit.begin - at);
     output += unit.hasTaken() ? rewritten(unit)
                               : std::string(window().substr(unit.begin, unit.end - unit.begin));
@@ -355,6 +385,15 @@ void AutoInsert::writeUnits() {
   }
   job.stream.consume(at);
   job.stream.putString(output);
+}
+
+// A unit whose code would be too long counts as one without operators.
+void AutoInsert::boundCode(Unit& unit) {
+  std::size_t visible = 1;  // parts, at most
+  for (const Part& part : unit.parts) visible += part.taken.size();
+  if (visible * (unit.end - unit.operandEnd) <= kMostOperatorCode) return;
+  unit.shown = false;
+  unit.end = unit.operandEnd;
 }
 
 std::string AutoInsert::rewritten(const Unit& unit) {

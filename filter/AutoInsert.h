@@ -48,6 +48,8 @@ class AutoInsert {
     std::size_t textBegin = 0;  // in the text
     std::size_t offset = 0;     // bytes of the unit's parts in front
     std::vector<Taken> taken;
+
+    std::size_t textEnd() const { return textBegin + bytes.size(); }
   };
   struct Unit {
     std::size_t begin = 0, operandEnd = 0, end = 0;  // offsets in the window
@@ -72,14 +74,18 @@ class AutoInsert {
   // Sequences
   Diag::ResultCode takeSequences();
   bool findBegin(std::size_t from, std::size_t& begin);
+  void noteSearched(const Unit& unit);
   bool findEnd(std::size_t from, std::size_t& end);
   Diag::ResultCode takeSequence(std::size_t begin, std::size_t end);
   void take(std::size_t begin, std::size_t end, const std::string& output);
-  std::uint64_t placeOf(std::size_t textOffset);
+  const Unit& unitAt(std::size_t textOffset) const;
+  const Part& partAt(std::size_t textOffset) const;
+  std::uint64_t placeOf(std::size_t textOffset) const;
   Diag::ResultCode reportUnclosed(std::size_t begin);
 
   // Writing
   void writeUnits();
+  static void boundCode(Unit& unit);
   std::string rewritten(const Unit& unit);
   ShownText describe(const Unit& unit);
   std::string operandCode(const Unit& unit, std::size_t begin, std::size_t end);
@@ -90,6 +96,10 @@ class AutoInsert {
   BarcodeMaker& maker;
   // A begin token in front of this place in the job has no end; it was looked for.
   std::uint64_t noEndBefore = 0;
+
+  // A string in front of this place has been searched for begin tokens, with the array it stands
+  // in.
+  std::uint64_t noBeginBefore = 0;
 
   // An array that a string in front of this place stands in is no text; it was looked at.
   std::uint64_t noArrayBefore = 0;

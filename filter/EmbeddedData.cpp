@@ -316,6 +316,7 @@ class Reader {
  private:
   void addName(std::string_view word);
   void finishEntry();
+  void dropNumbers();
   std::uint64_t pictureBytes() const;
 
   std::string_view key;         // the last literal name
@@ -346,7 +347,7 @@ bool Reader::add(const Token& token, std::string_view word) {
     case Token::kLiteralName:
       finishEntry();
       key = word;
-      if (!word.ends_with("Decode") || word == "/Decode") numbers.clear();
+      if (!word.ends_with("Decode") || word == "/Decode") dropNumbers();
       break;
     case Token::kName:
       addName(word);
@@ -383,10 +384,12 @@ void Reader::addName(std::string_view word) {
   if (word == "readhexstring") inHexadecimal = true;
   if (word == kReaderWord) ++readers;
   if (word == "colorimage" && !numbers.empty()) components = numbers.back();
-  if (!IsOneOf(word, {"true", "false"})) {
-    numbers.clear();
-    matrix = kNone;
-  }
+  if (!IsOneOf(word, {"true", "false"})) dropNumbers();
+}
+
+void Reader::dropNumbers() {
+  numbers.clear();
+  matrix = kNone;
 }
 
 std::uint64_t Reader::pictureBytes() const {

@@ -321,7 +321,9 @@ bool JoinsOnto(std::string_view text, char next) {
   if (!IsOctalDigit(next)) return false;
   constexpr std::size_t kMostDigits = 3;
   std::size_t digits = 0;
-  while (digits < text.size() && IsOctalDigit(text[text.size() - 1 - digits])) ++digits;
+  while (digits < std::min(text.size(), kMostDigits) &&
+         IsOctalDigit(text[text.size() - 1 - digits]))
+    ++digits;
   text.remove_suffix(digits);
   const std::size_t backslashes = text.size() - (text.find_last_not_of('\\') + 1);
   return digits > 0 && digits < kMostDigits && backslashes % 2 == 1;

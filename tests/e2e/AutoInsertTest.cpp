@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+
 namespace {
 
 using namespace Support;
@@ -236,6 +238,53 @@ TEST(AutoInsert, LeavesPagesAloneOnWhichTheTextHasNoPlace) {
     EXPECT_FALSE(InkBeside(after.pages[0], before.pages[0]));
     EXPECT_FALSE(InkBeside(before.pages[0], after.pages[0]));
     EXPECT_EQ(result.errors.find("could not be seen") != result.errors.npos, told) << result.errors;
+  }
+}
+
+// Each string of an array is told of by its own place.
+TEST(AutoInsert, ReportsEachSequenceWithoutAnEndOnce) {
+  const std::string job =
+      "%!PS\n[(A $_vxrs -b20)-9($_vxrs $_vxrs)-9(c)-9($_vxrs)] TJ ($_vxrs) show\n";
+  std::string errors;
+  for (const char* const string : {"(A", "($_vxrs $", "($_vxrs)]", "($_vxrs) "}) {
+    errors += "ERROR: vextorin: Error: A barcode will be missing: the sequence at byte " +
+              std::to_string(job.find(string) + 1) + " of the job has no end.\n";
+  }
+  const Program::Result result = Filter("insert=auto").run(job);
+  EXPECT_EQ(result.errors, errors);
+  EXPECT_EQ(result.output, job);
+}
+
+// Whoever prints may write jobs that are full of what has to be looked at twice.
+TEST(AutoInsert, TakesTimeAndOutputInProportionToTheJob) {
+  const auto times = [](int count, const std::string& text) {
+    std::string all;
+    while (count-- > 0) all += text;
+    return all;
+  };
+  const std::string sequence = "$_vxrs $_vxre";
+  const struct {
+    const char* name;
+    std::string code;
+  } rows[] = {
+      {"strings of an array that end like a begin token", "[" + times(20000, "($)1") + "] TJ"},
+      {"strings of an array with a begin token", "[" + times(20000, "($_vxrs)1") + "] TJ"},
+      {"backslashes in front of strings",
+       times(200, Literal(std::string(16000, '\\')) + Literal(sequence) + " show\n")},
+      {"digits between sequences",
+       times(3, Literal(std::string(800000, '1') + times(12000, sequence + '1')) + " show\n")},
+      {"widths that don't fit the string",
+       Literal(times(4000, 'x' + sequence)) + '[' + times(40001, "1 ") + "] xshow"},
+  };
+  for (const auto& [name, code] : rows) {
+    SCOPED_TRACE(name);
+    const std::string job = PageWith(code);
+    const auto begin = std::chrono::steady_clock::now();
+    const Program::Result result = Filter("insert=auto trace=off").run(job);
+    const std::chrono::duration<double> took = std::chrono::steady_clock::now() - begin;
+    EXPECT_LT(took.count(), 10);
+    EXPECT_LT(result.output.size(), 40 * job.size());
+    EXPECT_EQ(result.status, 0);
   }
 }
 

@@ -34,6 +34,7 @@ std::vector<Job> SmallJobs() {
       {"odd PostScript",
        "%!PS\r\n($_vxr) ($_vx\\162) <245f76> <~+<VdL~> )) >> > ~> <\r$_vx%$_vx no\r\n(\\) <> "
        "() <~~> \x1c $ @ @PJL\r\n% $_vxrs no\r\n( ( )"},
+      {"operands of no picture", "%!PS\n1 2 3 [ /a b currentfile /c 1 2 3 [ /d e currentfile f\n"},
       {"PCL",
        "\033E\033&l0O\033(10U\033(s0p10.00h12.0v0s0b3TInvoice $_vx $_ 12%\r\n"
        "\033*t300R\033*r1A\033*b4W\x01\x02$_\033*rC<<(\\ \034x \x1c\f"
