@@ -5,6 +5,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace Diag {
@@ -12,19 +13,7 @@ namespace {
 
 // The scheduler cuts a line at 2,047 bytes, and what is behind has no word of its level.
 constexpr std::size_t kLongestLine = 1900;
-// What the library says stands behind a code.
-constexpr std::string_view kLibraryMessage = " - Error Message: ";
-constexpr std::string_view kNothingKnown = "Invalid argument.";
-// A note of where in the settings file of a sequence the error is, whose name is the job's text.
-constexpr std::string_view kInFile = "What is wrong stands in ";
-// A line that quotes the sequence at hand, and says nothing of its error.
-constexpr std::string_view kSequence = "Barcode Sequence: ";
-// A line that names the file which the next one is about.
-constexpr std::string_view kFile = "IniFile: ";
-// Notes about a sequence of the job, whose text is not for everybody's eyes.
-constexpr std::string_view kSequenceFailed = "The barcode sequence that failed begins ";
 constexpr std::string_view kNoReason = "the barcode can't be made";
-constexpr std::string_view kBarcodeMissing = "A barcode will be missing: ";
 
 void Write(std::string_view tag, std::string_view name, std::string_view text) {
   const bool cut = text.size() > kLongestLine;

@@ -15,6 +15,20 @@
 
 namespace Diag {
 
+// Parts of messages by which these lines are told from others; those who write them take them here.
+// The library's own words, behind a code, and those that say nothing.
+inline constexpr std::string_view kLibraryMessage = " - Error Message: ";
+inline constexpr std::string_view kNothingKnown = "Invalid argument.";
+// The file that the next line is about.
+inline constexpr std::string_view kFile = "IniFile: ";
+// Quotes the sequence at hand, and says nothing of its error.
+inline constexpr std::string_view kSequence = "Barcode Sequence: ";
+// Notes about a sequence of the job, whose text is not for everybody's eyes: where it begins, where
+// in its settings file the error is, and why a barcode is missing.
+inline constexpr std::string_view kSequenceFailed = "The barcode sequence that failed begins ";
+inline constexpr std::string_view kInFile = "What is wrong stands in ";
+inline constexpr std::string_view kBarcodeMissing = "A barcode will be missing: ";
+
 class SchedulerLines {
  public:
   // A piece of a message.

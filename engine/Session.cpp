@@ -85,9 +85,9 @@ ResultCode DeinitLibrary() {
 }
 
 std::string GetErrorMessage(BCBarcode* handle, ResultCode code) {
-  const std::string start = Text("Error code: 0x", Hexadecimal(code), " - Error Message: ");
+  const std::string start = Text("Error code: 0x", Hexadecimal(code), Diag::kLibraryMessage);
   if (code == Diag::kInvalidArgument) {
-    return start + "Invalid argument. Unsupported barcode or syntax error.";
+    return Text(start, Diag::kNothingKnown, " Unsupported barcode or syntax error.");
   }
   if (handle == nullptr) return start + '-';
   return start + GetErrorDetails(handle, code) + '.';

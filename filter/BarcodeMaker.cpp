@@ -44,9 +44,9 @@ ResultCode BarcodeMaker::make(std::string& text, std::uint64_t place, bool atTex
   Settings::BarcodeSettings settings = application.barcode;
   settings.fromJob = true;
   if (const ResultCode result = ReadParameters(sequence, application.v1format, settings)) {
-    job.log.Trace(Diag::kError, "Barcode Sequence: ", Foreign{sequence});
+    job.log.Trace(Diag::kError, Diag::kSequence, Foreign{sequence});
     if (!settings.failurePlace.empty())
-      job.log.Note(Diag::kError, "What is wrong stands in ", settings.failurePlace, ".");
+      job.log.Note(Diag::kError, Diag::kInFile, settings.failurePlace, ".");
     job.noteSequenceFailed(place);
     text.clear();
     return result;
@@ -57,7 +57,7 @@ ResultCode BarcodeMaker::make(std::string& text, std::uint64_t place, bool atTex
   const ResultCode result = Engine::GenerateWithSettings(
       settings, text, static_cast<std::uint32_t>(application.memorySize));
   if (result == Diag::kSuccess) return result;
-  job.log.Trace(Diag::kError, "Barcode Sequence: ", Foreign{sequence});
+  job.log.Trace(Diag::kError, Diag::kSequence, Foreign{sequence});
   job.noteSequenceFailed(place);
   return result;
 }

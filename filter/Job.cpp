@@ -10,11 +10,11 @@ std::string Job::where(std::uint64_t place) const {
 }
 
 void Job::noteSequenceFailed(std::uint64_t place) const {
-  log.Note(Diag::kError, "The barcode sequence that failed begins ", where(place), " of the job.");
+  log.Note(Diag::kError, Diag::kSequenceFailed, where(place), " of the job.");
 }
 
 void Job::noteBarcodeMissing(std::uint64_t place, const char* reason) const {
-  log.Note(Diag::kError, "A barcode will be missing: the sequence ", where(place), " of the job ",
+  log.Note(Diag::kError, Diag::kBarcodeMissing, "the sequence ", where(place), " of the job ",
            reason, ".");
 }
 

@@ -66,7 +66,7 @@ void Placement::disarm() {
 void Placement::finish() const {
   if (!waits()) return;
   job.log.Trace(Diag::kWarning, "End of job reached before the insertion point of a barcode!");
-  job.log.Note(Diag::kError, "A barcode will be missing: its insertion point never came.");
+  job.log.Note(Diag::kError, Diag::kBarcodeMissing, "its insertion point never came.");
 }
 
 }  // namespace Filter

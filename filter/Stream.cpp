@@ -136,9 +136,9 @@ void Stream::holdFrom(std::uint64_t place) {
   if (holding || place > position() || passedEnd != cursor || size > passedEnd - passedBegin)
     return;
   const std::string_view passed(buffer.get() + passedBegin, passedEnd - passedBegin);
-  const std::size_t before = passed.size() - static_cast<std::size_t>(size);
-  emitUnheld(passed.substr(0, before));
-  held = passed.substr(before);
+  const std::size_t front = passed.size() - static_cast<std::size_t>(size);
+  emitUnheld(passed.substr(0, front));
+  held = passed.substr(front);
   holding = true;
   passedBegin = passedEnd = 0;
 }

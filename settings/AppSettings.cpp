@@ -83,7 +83,7 @@ Diag::ResultCode AppSettings::load(int argc, const char* const* argv) {
   takeIniFileName(argc, argv);
   Parser::IniFileParser parser;
   if (parser.open(iniFile) != Diag::kSuccess) {
-    trace.TraceRaw(Diag::kError, "IniFile: ");
+    trace.TraceRaw(Diag::kError, Diag::kFile);
     trace.TraceCont(Diag::kError, Diag::Foreign{iniFile});
     trace.Trace(Diag::kError, "Couldn't open ini-file.\n");
     return Diag::kAccessDenied;

@@ -41,7 +41,8 @@ bool StoreValue(Record& record, const Option<Record>& option, std::string_view t
   const auto real = [&]() -> double& { return record.*std::get<double Record::*>(option.field); };
   switch (option.kind) {
     case Kind::kFlag:
-      return SetSwitch(record, option, 1), true;
+      SetSwitch(record, option, 1);
+      return true;
     case Kind::kKeyword:
       return StoreKeyword(record, option, text);
     case Kind::kInteger:
@@ -57,14 +58,16 @@ bool StoreValue(Record& record, const Option<Record>& option, std::string_view t
     case Kind::kNonNegativeReal:
       return ReadNonNegativeReal(text, real());
     case Kind::kUncheckedReal:
-      return real() = TextToReal(text), true;
+      real() = TextToReal(text);
+      return true;
     case Kind::kTruncatedReal:
       return ReadTruncatedReal(text, integer());
     case Kind::kLetter:
       return ReadLetter(text, record.*std::get<char Record::*>(option.field));
     case Kind::kText:
     case Kind::kQuietText:
-      return record.*std::get<std::string Record::*>(option.field) = text, true;
+      record.*std::get<std::string Record::*>(option.field) = text;
+      return true;
     case Kind::kTextWithFlag:
       return StoreText(record, std::get<FlaggedText<Record>>(option.field), text);
     case Kind::kAction:

@@ -21,9 +21,11 @@ void Settings::giveReason(std::string_view fault) const {
 
 Diag::ResultCode Settings::applyEach(Parser::ArgumentParser& parser, const Apply& apply) const {
   std::string name;
-  int number = 0;  // a file that an option names has options, too
-  while (optionNumber = ++number, parser.nextOption(name) == Diag::kSuccess)
+  for (int number = 1;; ++number) {
+    optionNumber = number;  // anew, as a file that an option names has options, too
+    if (parser.nextOption(name) != Diag::kSuccess) break;
     if (const Diag::ResultCode result = apply(name)) return result;
+  }
   if (name.empty()) return Diag::kSuccess;
   reportUnrecognizedOption(name);
   return Diag::kInvalidArgument;

@@ -7,6 +7,7 @@
  *    a value return the value named "null" beside them.
  *  - A setter checks its value and stores it. Nothing is encoded before BCCreate. A rejected value
  *    leaves the object as it was.
+ *  - Numbers without a range here have that of the option which sets the same: vextorin.conf(5).
  *  - A symbology setter takes the value that means "not set" (-1, or an empty text) as "use the
  *    default".
  *  - Texts are terminated byte strings unless a length goes with them; they are copied. They may
@@ -41,17 +42,21 @@ typedef struct {
 } BCMargins;
 
 #define BC_OK ((BCResult)0)
-#define BC_E_INVALIDARG                                                                            \
-  ((BCResult)0x80070057u)                         /* null handle, value out of range, unknown type \
-                                                   */
-#define BC_E_OUTOFMEMORY ((BCResult)0x8007000Eu)  /* out of memory */
-#define BC_E_INVALIDDATA ((BCResult)0x8007000Du)  /* BCGetInvalidDataPos says which character */
-#define BC_E_DATATOOLONG ((BCResult)0x80090004u)  /* for the symbology, or for the size forced */
-#define BC_E_NOTSUPPORTED ((BCResult)0x80070032u) /* known combination that cannot be made */
-#define BC_E_BUFFERTOOSMALL ((BCResult)0x8007007Au) /* the size argument holds the size needed */
-#define BC_E_MUSTFIT ((BCResult)0x8007006Fu)        /* must-fit is on and the symbol does not fit */
-#define BC_E_MODULENOTFOUND \
-  ((BCResult)0x8007007Eu) /* libzint or zlib, which it needs, is missing */
+/* null handle, value out of range, unknown type */
+#define BC_E_INVALIDARG ((BCResult)0x80070057u)
+#define BC_E_OUTOFMEMORY ((BCResult)0x8007000Eu)
+/* a character that the type does not take: BCGetInvalidDataPos says which */
+#define BC_E_INVALIDDATA ((BCResult)0x8007000Du)
+/* for the symbology, or for the size forced */
+#define BC_E_DATATOOLONG ((BCResult)0x80090004u)
+/* known combination that cannot be made */
+#define BC_E_NOTSUPPORTED ((BCResult)0x80070032u)
+/* the size argument holds the size needed */
+#define BC_E_BUFFERTOOSMALL ((BCResult)0x8007007Au)
+/* must-fit is on and the symbol does not fit */
+#define BC_E_MUSTFIT ((BCResult)0x8007006Fu)
+/* a library that the type or the format needs is missing */
+#define BC_E_MODULENOTFOUND ((BCResult)0x8007007Eu)
 
 /* Session and information */
 BCResult BCInitLibraryA(const char* text); /* directory of the calling program, may be empty */
