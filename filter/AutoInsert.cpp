@@ -21,6 +21,8 @@ constexpr std::size_t kLongestOperators = 256 * 1024;
 // Operators in the code of one unit, which has them once for each part of the text that stays
 // visible.
 constexpr std::size_t kMostOperatorCode = 4 * 1024 * 1024;
+// Barcodes of one text, which are all at hand before it is written.
+constexpr std::size_t kMostOutput = 16 * 1024 * 1024;
 
 bool IsOneOf(std::string_view word, std::initializer_list<std::string_view> words) {
   return std::find(words.begin(), words.end(), word) != words.end();
@@ -90,6 +92,7 @@ ResultCode AutoInsert::handlePostScriptString(std::size_t size, const Producer& 
   producer = newProducer;
   text.clear();
   units.clear();
+  outputSize = 0;
   std::size_t string = 0;  // its begin
   if (job.stream.position() >= noArrayBefore) {
     if (const std::size_t back = arrayInFront(); back > 0 && job.stream.retract(back))
@@ -315,11 +318,17 @@ bool AutoInsert::findEnd(std::size_t from, std::size_t& end) {
 }
 
 ResultCode AutoInsert::takeSequence(std::size_t begin, std::size_t end) {
+  if (outputSize > kMostOutput) {
+    job.noteBarcodeMissing(placeOf(begin), "stands behind too many others in one text");
+    take(begin, end, {});
+    return Diag::kInvalidArgument;
+  }
   const std::size_t optionsBegin = begin + job.application.escapeBegin.size();
   const std::size_t optionsEnd = end - job.application.escapeEnd.size();
   std::string output = text.substr(optionsBegin, optionsEnd - std::min(optionsBegin, optionsEnd));
   const ResultCode result = maker.processForText(output, placeOf(begin));
   if (!maker.insertsAfter(result)) output.clear();
+  outputSize += output.size();
   take(begin, end, output);
   return result;
 }

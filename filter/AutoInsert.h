@@ -111,6 +111,7 @@ class AutoInsert {
   Producer producer;
   std::string text;
   std::vector<Unit> units;
+  std::size_t outputSize = 0;  // of the barcodes taken so far
 };
 
 }  // namespace Filter
