@@ -132,7 +132,9 @@ Face OpenFace(std::string_view postScriptName) {
     const FreeType& freeType = LoadedFreeType();
     FT_Face face = nullptr;
     if (freeType.newFace(freeType.library, file.path.c_str(), file.index, &face) != 0) return {};
-    return Face(face);
+    Face opened(face);
+    if (!FT_IS_SCALABLE(face)) return {};  // a font of dots has no outlines
+    return opened;
   } catch (const Error& error) {
     if (error.code == BC_E_MODULENOTFOUND) return {};
     throw;

@@ -165,17 +165,32 @@ Environment Without(const TempFolder& folder, std::string_view name) {
   return {{"LD_LIBRARY_PATH", folder.path().string()}};
 }
 
+// A font of one character in dots.
+constexpr const char* kFontOfDots =
+    "STARTFONT 2.1\nFONT -x-x-medium-r-normal--8-80-75-75-c-80-iso8859-1\nSIZE 8 75 75\n"
+    "FONTBOUNDINGBOX 8 8 0 0\nSTARTPROPERTIES 3\nFAMILY_NAME \"Helvetica\"\nFONT_ASCENT 8\n"
+    "FONT_DESCENT 0\nENDPROPERTIES\nCHARS 1\nSTARTCHAR H\nENCODING 72\nSWIDTH 1000 0\n"
+    "DWIDTH 8 0\nBBX 8 1 0 0\nBITMAP\nFF\nENDCHAR\nENDFONT\n";
+
 // Languages that draw outlines say so and go on, the others know the font by name.
 TEST(LanguageOptions, WithoutFontsTheTextIsLeftOutWithAWarning) {
-  const TempFolder folder;
-  const std::string none =
-      folder.write("none.conf", "<?xml version=\"1.0\"?><fontconfig></fontconfig>");
-  for (const char* missing : {"", "libfreetype.so.6", "libfontconfig.so.1"}) {
-    const TempFolder libraries;
-    if (*missing != '\0') libraries.write(missing, "no library");
-    const Environment machine = *missing != '\0'
-                                    ? Environment{{"LD_LIBRARY_PATH", libraries.path().string()}}
-                                    : Environment{{"FONTCONFIG_FILE", none}};
+  const TempFolder folder, dots, freeType, fontconfig;
+  dots.write("dots.bdf", kFontOfDots);
+  freeType.write("libfreetype.so.6", "no library");
+  fontconfig.write("libfontconfig.so.1", "no library");
+  const auto configured = [&](const char* name, const std::string& content) {
+    const std::string text = "<?xml version=\"1.0\"?><fontconfig>" + content + "</fontconfig>";
+    return Environment{{"FONTCONFIG_FILE", folder.write(name, text)}};
+  };
+  const std::string path = dots.path().string();
+  const std::pair<const char*, Environment> machines[] = {
+      {"fonts", configured("none.conf", "")},
+      {"outlines",
+       configured("dots.conf", "<dir>" + path + "</dir><cachedir>" + path + "/cache</cachedir>")},
+      {"FreeType", {{"LD_LIBRARY_PATH", freeType.path().string()}}},
+      {"fontconfig", {{"LD_LIBRARY_PATH", fontconfig.path().string()}}},
+  };
+  for (const auto& [missing, machine] : machines) {
     for (const Language& language : EveryLanguage()) {
       SCOPED_TRACE(language.name + std::string(" without ") + missing);
       const bool outlined = std::string(language.settings).starts_with("format=IMAGE") ||
