@@ -10,6 +10,8 @@ namespace {
 
 // A longer line is split; its rest is read as the next line.
 constexpr std::size_t kLongestLine = 4095;
+// UTF-8's, which editors put in front unseen.
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 std::string_view Trimmed(std::string_view line) {
   constexpr std::string_view kBlanks = " \t\r\n";
@@ -27,6 +29,7 @@ Diag::ResultCode IniFileParser::open(const std::string& fileName) {
 
 void IniFileParser::take(std::string bytes) {
   text = std::move(bytes);
+  if (text.starts_with(kByteOrderMark)) text.erase(0, kByteOrderMark.size());
   position = 0;
   number = 0;
   line.clear();

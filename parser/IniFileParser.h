@@ -1,6 +1,7 @@
 // Options from a text file of `name=value` lines. A line without "=" names an option without value;
 // lines that start with "#" are comments. Blanks around the line are dropped, those around "=" are
-// not. No sections, no quoting, no escapes.
+// not. A byte order mark in front of the first line is none of it. No sections, no quoting, no
+// escapes.
 #pragma once
 
 #include "parser/ArgumentParser.h"

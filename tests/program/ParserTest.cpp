@@ -113,6 +113,11 @@ TEST(IniFileOptions, AreReadLineByLine) {
       {"data=\nb=1", "data=?|b=1"},
       {"flag=1\n", "flag|!1"},
       {longLine + "y=1\n", longLine + "=?|y=1"},
+      {"\xEF\xBB\xBF"
+       "flag\r\n\xEF\xBB\xBF"
+       "b=1",
+       "flag|\xEF\xBB\xBF"
+       "b=1"},
   };
   for (const auto& test : kCases) {
     SCOPED_TRACE(test.story);
