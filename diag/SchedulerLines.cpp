@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <utility>
 
 namespace Diag {
 namespace {

@@ -3,9 +3,9 @@
 #include "filter/BeginToken.h"
 #include "filter/Limits.h"
 #include "filter/PostScriptString.h"
+#include "filter/ShowOperators.h"
 
 #include <algorithm>
-#include <initializer_list>
 #include <iterator>
 #include <utility>
 
@@ -23,38 +23,6 @@ constexpr std::size_t kLongestOperators = 256 * 1024;
 constexpr std::size_t kMostOperatorCode = 4 * 1024 * 1024;
 // Barcodes of one text, which are all at hand before it is written.
 constexpr std::size_t kMostOutput = 16 * 1024 * 1024;
-
-bool IsOneOf(std::string_view word, std::initializer_list<std::string_view> words) {
-  return std::find(words.begin(), words.end(), word) != words.end();
-}
-
-// Words behind a string that prepare its showing. Of the graphics state they change what survives
-// the hiding of a text: current point, matrix, font.
-bool Prepares(std::string_view word) {
-  return IsOneOf(word, {"dup",    "exch",   "pop",        "index",        "copy",    "roll",
-                        "neg",    "add",    "sub",        "mul",          "div",     "idiv",
-                        "abs",    "round",  "cvi",        "cvr",          "true",    "false",
-                        "length", "floor",  "truncate",   "stringwidth",  "moveto",  "rmoveto",
-                        "rotate", "scale",  "translate",  "currentpoint", "setfont", "findfont",
-                        "concat", "matrix", "selectfont", "scalefont",    "makefont"});
-}
-
-// Words that take a string and show nothing.
-bool TakesOtherwise(std::string_view word) {
-  return IsOneOf(word,
-                 {"def",      "store", "put",    "cvn",         "cvx",          "cvs",     "exec",
-                  "eq",       "ne",    "=",      "==",          "print",        "run",     "file",
-                  "token",    "known", "search", "load",        "get",          "begin",   "end",
-                  "array",    "save",  "astore", "filter",      "putinterval",  "restore", "bind",
-                  "gsave",    "if",    "ifelse", "getinterval", "anchorsearch", "for",     "repeat",
-                  "grestore", ")",     ">"});
-}
-
-// Words behind which a sequence does not go on.
-bool EndsText(std::string_view word) {
-  return IsOneOf(
-      word, {"showpage", "copypage", "currentfile", "image", "imagemask", "colorimage", "eexec"});
-}
 
 // Where the string that ends with the last byte of `text` begins; kNone when there is none.
 std::size_t StringBegin(std::string_view text) {

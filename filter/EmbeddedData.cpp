@@ -5,8 +5,6 @@
 #include "settings/Values.h"
 
 #include <algorithm>
-#include <array>
-#include <cctype>
 #include <vector>
 
 namespace Filter {
@@ -280,10 +278,6 @@ std::optional<FoundData> DataBehindDictionary(std::string_view text) {
 }
 
 namespace {
-
-bool IsOneOf(std::string_view word, std::initializer_list<std::string_view> words) {
-  return std::find(words.begin(), words.end(), word) != words.end();
-}
 
 // Words that only arrange operands; any other word behind a reader starts reading.
 bool OnlyArranges(std::string_view word) {

@@ -13,6 +13,7 @@
 //       PclData            pictures, fonts, other languages
 //     StringSequences    sequences in PostScript strings
 //     AutoInsert         the same with insert=auto
+//       ShowOperators      what operators do with a string
 //       PenMovement        where a split sequence has blanks
 //       PlacementCode      PostScript that finds where a text stands
 //     RawSequences       sequences among plain bytes

@@ -88,4 +88,8 @@ double NumberIn(std::string_view token) {
   return Settings::TextToReal(std::string(token));
 }
 
+bool IsOneOf(std::string_view word, std::initializer_list<std::string_view> words) {
+  return std::find(words.begin(), words.end(), word) != words.end();
+}
+
 }  // namespace Filter

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <initializer_list>
 #include <string_view>
 
 namespace Filter {
@@ -35,5 +36,7 @@ bool IsPostScriptSpace(char c);
 
 // The value of a number token; 0 when it isn't one in plain decimal notation.
 double NumberIn(std::string_view token);
+
+bool IsOneOf(std::string_view word, std::initializer_list<std::string_view> words);
 
 }  // namespace Filter
