@@ -274,6 +274,31 @@ TEST(DeviceDots, OfSmallDataMatrixSymbolsAreReadThroughACamera) {
   EXPECT_GE(read, 100) << "of " << tried;
 }
 
+TEST(DeviceDots, OfElementsOfTwoWidthsAreAlikeInEachWidth) {
+  const std::pair<int, const char*> kSymbols[] = {
+      {1, "123-45"},  {3, "1234567890"}, {4, "12345"},  {6, "12345"},          {8, "CODE-39"},
+      {18, "A3785B"}, {46, "1234AF"},    {47, "12345"}, {21, "2134807501640"}, {52, "2758089"}};
+  for (const auto& [type, data] : kSymbols) {
+    for (const double module : {239., 286., 330., 401.}) {
+      Options options = OptionsFor(type, data);
+      options.moduleWidth = module;
+      const Symbol symbol = Encode(options);
+      std::vector<Rectangle> bars =
+          RectanglesOnDots(LayOut(symbol, options, {10017, 22000, 22000, 10013}), 203, 203);
+      std::sort(bars.begin(), bars.end(),
+                [](const Rectangle& a, const Rectangle& b) { return a.left < b.left; });
+      const std::vector<int>& runs = symbol.rows[0].runs;
+      ASSERT_EQ(2 * bars.size(), runs.size() + 1) << type;
+      std::set<int> narrow, wide;
+      for (std::size_t i = 0; i < bars.size(); ++i) {
+        (runs[2 * i] == 1 ? narrow : wide).insert(bars[i].width());
+      }
+      EXPECT_EQ(narrow.size(), 1u) << type << ", X " << module;
+      EXPECT_EQ(wide.size(), 1u) << type << ", X " << module;
+    }
+  }
+}
+
 TEST(DeviceDots, GoByWholeModulesWhereThatCostsLittle) {
   BarField field;
   field.columns = 100;
