@@ -274,27 +274,36 @@ TEST(DeviceDots, OfSmallDataMatrixSymbolsAreReadThroughACamera) {
   EXPECT_GE(read, 100) << "of " << tried;
 }
 
+// With gaps between characters these stay where they are, and the gaps take what is left.
 TEST(DeviceDots, OfElementsOfTwoWidthsAreAlikeInEachWidth) {
-  const std::pair<int, const char*> kSymbols[] = {
-      {1, "123-45"},  {3, "1234567890"}, {4, "12345"},  {6, "12345"},          {8, "CODE-39"},
-      {18, "A3785B"}, {46, "1234AF"},    {47, "12345"}, {21, "2134807501640"}, {52, "2758089"}};
-  for (const auto& [type, data] : kSymbols) {
+  constexpr int kDpi = 203;
+  const struct {
+    int type;
+    const char* data;
+    bool gaps;
+  } kSymbols[] = {{1, "123-45", true},   {3, "1234567890", false}, {4, "12345", false},
+                  {6, "12345", false},   {8, "CODE-39", true},     {18, "A3785B", true},
+                  {46, "1234AF", false}, {47, "12345", false},     {21, "2134807501640", false},
+                  {52, "2758089", true}};
+  for (const auto& row : kSymbols) {
     for (const double module : {239., 286., 330., 401.}) {
-      Options options = OptionsFor(type, data);
-      options.moduleWidth = module;
-      const Symbol symbol = Encode(options);
-      std::vector<Rectangle> bars =
-          RectanglesOnDots(LayOut(symbol, options, {10017, 22000, 22000, 10013}), 203, 203);
+      SCOPED_TRACE(testing::Message() << row.type << ", X " << module);
+      const Drawing drawing = Draw({"", row.type, row.data, {}}, module, 0);
+      std::vector<Rectangle> bars = RectanglesOnDots(drawing, kDpi, kDpi);
       std::sort(bars.begin(), bars.end(),
                 [](const Rectangle& a, const Rectangle& b) { return a.left < b.left; });
+      const Symbol symbol = Encode(OptionsFor(row.type, row.data));
       const std::vector<int>& runs = symbol.rows[0].runs;
-      ASSERT_EQ(2 * bars.size(), runs.size() + 1) << type;
+      ASSERT_EQ(2 * bars.size(), runs.size() + 1);
       std::set<int> narrow, wide;
       for (std::size_t i = 0; i < bars.size(); ++i) {
         (runs[2 * i] == 1 ? narrow : wide).insert(bars[i].width());
       }
-      EXPECT_EQ(narrow.size(), 1u) << type << ", X " << module;
-      EXPECT_EQ(wide.size(), 1u) << type << ", X " << module;
+      EXPECT_EQ(narrow.size(), 1u);
+      EXPECT_EQ(wide.size(), 1u);
+      const double unit = kDpi / 25400.0, length = drawing.box.width() * unit;
+      const int drawn = bars.back().right - bars.front().left;
+      EXPECT_NEAR(drawn, length, row.gaps ? 3 * *narrow.begin() : length);
     }
   }
 }
