@@ -284,8 +284,9 @@ TEST(HibcMessages, AreReadBackFromEveryCarrier) {
         sum += value;
         message += kValues[value];
       }
-      const Symbol symbol = Library::Encode(OptionsFor(type, message.substr(row % 2)));
+      const std::string data = message.substr(1);
       message += kValues[sum % kValues.size()];
+      const Symbol symbol = Library::Encode(OptionsFor(type, row % 2 == 0 ? message : data));
       if (type == 110 || type == 111) {
         const Symbol carrier = Library::Encode(OptionsFor(74, message));
         EXPECT_TRUE(IsSame(type, "the carrier's symbol", Rows(symbol), Rows(carrier)));
