@@ -102,7 +102,7 @@ const Group kGroups[] = {
        "structured carrier message options for MaxiCode"},
       {"MCpre=pre", "_Maxi_UsePreambleA 1, \"pre\"", "preamble for MaxiCode"}}},
     {kToldOnly,
-     {"barcode=58", "barcode=104", "barcode=105"},
+     {"barcode=58", "barcode=104", "barcode=105", "barcode=143", "barcode=145"},
      {{"QRversion=7", "_QR_Version 7", "version for QRCode", "0"},
       {"QRformat=2", "_QR_Format 2", "format for QRCode", "0"},
       {"QRind=37", "_QR_FmtAppIndicatorA \"37\"", "format application indicator for QRCode"},
