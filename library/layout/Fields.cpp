@@ -47,28 +47,34 @@ class FieldBuilder {
   double left() const { return m.left; }
   double bottom() const { return lowest; }
 
-  // Fills the rows if that can be done by characters.
+  // Fills the rows if that can be done by characters. Symbols of two widths with a wider element in
+  // their start and stop characters are drawn as those of many widths.
   void fill(BarField& field) const {
-    const int wide = widths.wideModules();
-    if (wide == 0 && !widths.areNominal()) return;
-    field.rule = wide != 0 ? BarField::Rule::kTwoWidths : BarField::Rule::kCharacters;
-    field.wide = wide != 0 ? widths.wide() : 0;
+    if (widths.wideModules() != 0 && fillBy(BarField::Rule::kTwoWidths, field)) {
+      field.wide = widths.wide();
+    } else {
+      fillBy(BarField::Rule::kCharacters, field);
+    }
+  }
+
+ private:
+  bool fillBy(BarField::Rule rule, BarField& field) const {
     double top = m.top;
     field.bars.reserve(symbol.rows.size());
     for (std::size_t row = 0; row < symbol.rows.size(); ++row) {
       const bool last = row + 1 == symbol.rows.size();
       const double bottom = last ? m.bottom : top - m.rowHeights[row];
       field.bars.emplace_back();
-      if (!addRow(symbol.rows[row], last, {bottom, top}, field.bars.back())) {
-        field.rule = BarField::Rule::kEdges;
+      if (!addRow(symbol.rows[row], rule, last, {bottom, top}, field.bars.back())) {
         field.bars.clear();
-        return;
+        return false;
       }
       top = bottom;
     }
+    field.rule = rule;
+    return true;
   }
 
- private:
   // From the lowest end of all.
   struct Ends {
     std::int32_t bottom, top;
@@ -78,9 +84,10 @@ class FieldBuilder {
             static_cast<std::int32_t>(std::lround(ends.top - lowest))};
   }
 
-  bool addRow(const SymbolRow& row, bool last, BarEnds ends, BarRow& bars) const {
+  bool addRow(const SymbolRow& row, BarField::Rule rule, bool last, BarEnds ends,
+              BarRow& bars) const {
     std::span<const int> characters = CharactersOf(row);
-    const bool twoWidths = widths.wideModules() != 0;
+    const bool twoWidths = rule == BarField::Rule::kTwoWidths;
     // Without gaps all elements of two widths go together.
     const auto all = static_cast<int>(row.runs.size());
     if (twoWidths && !HasGaps(characters)) characters = std::span(&all, 1);
@@ -96,7 +103,7 @@ class FieldBuilder {
       const std::span<const int> runs = std::span(row.runs).subspan(run, std::size_t(count));
       const bool light = run == 0 && count > 0 && runs.front() == 0;
       if (light) bars.beginsDark = false;
-      if (!setWidths(light ? runs.subspan(1) : runs, twoWidths, part)) return false;
+      if (!setWidths(light ? runs.subspan(1) : runs, dark != light, twoWidths, part)) return false;
       for (const int modules : runs) {
         part.advance += widths.of(modules, dark);
         module += modules;
@@ -117,14 +124,16 @@ class FieldBuilder {
     return true;
   }
 
-  bool setWidths(std::span<const int> runs, bool twoWidths, BarPart& part) const {
+  bool setWidths(std::span<const int> runs, bool dark, bool twoWidths, BarPart& part) const {
     const int wide = widths.wideModules();
     part.widths.resize(runs.size());
     char* next = part.widths.data();
     for (const int modules : runs) {
-      if (modules <= 0 || modules > kMostModules) return false;
       if (twoWidths && modules != 1 && modules != wide) return false;
-      *next++ = static_cast<char>('0' + (twoWidths ? 1 + (modules > 1) : modules));
+      const double width = twoWidths ? 1 + (modules > 1) : widths.of(modules, dark);
+      if (width < 1 || width > kMostModules || width != std::floor(width)) return false;
+      *next++ = static_cast<char>('0' + static_cast<int>(width));
+      dark = !dark;
     }
     return true;
   }

@@ -97,6 +97,7 @@ const Case kCases[] = {
     {"Code 39", 8, "CODE-39", {}},
     {"Code 39 in a ratio of its own", 8, "CODE-39", [](Options& o) { o.ratio = "1:3:1.41:3"; }},
     {"Interleaved 2 of 5", 3, "1234567890", {}},
+    {"2 of 5 with wider bars in its frame", 2, "12345", {}},
     {"PDF417", 55, "PDF417 test data 12345", {}},
     {"QR Code", 58, "https://example.com/q?a=1", {}},
     {"Data Matrix, whole dots asked for", 71, "Data Matrix",
