@@ -1,6 +1,7 @@
 #include "library/symbology/AztecPattern.h"
 
-#include "library/symbology/AztecCheckWords.h"
+#include "library/symbology/ModuleRuns.h"
+#include "library/symbology/ReedSolomon.h"
 
 #include <cstddef>
 #include <cstdlib>
@@ -10,22 +11,23 @@ namespace {
 
 using Words = std::vector<std::uint16_t>;
 
-// Bits of words, the highest of each first.
+// Bits of words, the highest of each first, behind so many zeros.
 class Bits {
  public:
-  Bits(const Words& source, int bitsPerWord)
-      : word(source.begin()), wordBits(bitsPerWord), left(bitsPerWord) {}
+  Bits(const Words& source, int bitsPerWord, int zerosInFront = 0)
+      : following(source.begin()), wordBits(bitsPerWord), left(zerosInFront) {}
   bool next() {
     if (left == 0) {
-      ++word;
+      word = *following++;
       left = wordBits;
     }
-    return (*word >> --left & 1) != 0;
+    return (word >> --left & 1) != 0;
   }
 
  private:
-  Words::const_iterator word;
-  int wordBits, left;
+  Words::const_iterator following;
+  unsigned word = 0;
+  int wordBits, left;  // left: of the word
 };
 
 // Modules by their distance from the centre.
@@ -57,32 +59,13 @@ class Matrix {
     int along, down;       // from a module to the next one
   };
 
-  void copy(Symbol& symbol) const {
-    symbol.width = width;
-    symbol.rows.reserve(static_cast<std::size_t>(width));
-    for (auto row = modules.begin(); row != modules.end(); row += width) {
-      symbol.rows.push_back({Runs(row, row + width), 1});
-    }
+  void copyTo(Symbol& symbol) const {
+    AddModules(symbol, width, width, [this](int row, int column) {
+      return modules[static_cast<std::size_t>(row * width + column)] != 0;
+    });
   }
 
  private:
-  using Module = std::vector<std::uint8_t>::const_iterator;
-
-  static std::vector<int> Runs(Module begin, Module end) {
-    std::vector<int> runs;
-    runs.reserve(static_cast<std::size_t>(end - begin) / 2 + 2);
-    bool dark = true;
-    Module start = begin;
-    for (Module module = begin; module != end; ++module) {
-      if ((*module != 0) == dark) continue;
-      runs.push_back(static_cast<int>(module - start));
-      start = module;
-      dark = !dark;
-    }
-    runs.push_back(static_cast<int>(end - start));
-    return runs;
-  }
-
   int centre, width;
   std::vector<std::uint8_t> modules;
 };
@@ -119,9 +102,23 @@ void DrawModeMessage(Matrix& matrix, bool compact, const Words& message) {
   }
 }
 
+const GaloisField& FieldOf(int wordBits) {
+  switch (wordBits) {
+    case 4:
+      return kField16;
+    case 6:
+      return kField64;
+    case 8:
+      return kField256;
+    case 10:
+      return kField1024;
+    default:
+      return kField4096;
+  }
+}
+
 void AddCheckWords(Words& words, std::size_t total, int wordBits) {
-  const Words check = AztecCheckWords(words, static_cast<int>(total - words.size()), wordBits);
-  words.insert(words.end(), check.begin(), check.end());
+  ReedSolomon(FieldOf(wordBits), total - words.size(), 1).addTo(words);
 }
 
 Words ModeMessage(const AztecShape& shape, int dataWords) {
@@ -168,8 +165,7 @@ void DrawGrid(Matrix& matrix, int reach) {
 // modules: down, right, up and left again.
 void DrawLayers(Matrix& matrix, const AztecShape& shape, const Words& words) {
   const Axis axis(shape);
-  Bits bits(words, shape.wordBits());
-  int lightInFront = shape.bits() % shape.wordBits();
+  Bits bits(words, shape.wordBits(), shape.bits() % shape.wordBits());
   for (int layer = 0; layer < shape.layers; ++layer) {
     const int outer = 2 * layer;
     const int length = axis.count() - 2 * outer - 2;
@@ -178,10 +174,7 @@ void DrawLayers(Matrix& matrix, const AztecShape& shape, const Words& words) {
       Matrix::Side side(matrix, quarters);
       for (int along = length - 1; along >= 0; --along) {
         const int place = axis.distance(outer + 2 + along);
-        for (const int depth : depths) {
-          const bool dark = lightInFront-- <= 0 && bits.next();
-          side.set(place, depth, dark);
-        }
+        for (const int depth : depths) side.set(place, depth, bits.next());
       }
     }
   }
@@ -204,7 +197,7 @@ void DrawAztec(const AztecShape& shape, std::vector<std::uint16_t> data, Symbol&
   DrawFinder(matrix, FinderReach(shape.compact));
   DrawModeMessage(matrix, shape.compact, mode);
   SetMeasure(shape.compact, symbol);
-  matrix.copy(symbol);
+  matrix.copyTo(symbol);
 }
 
 void DrawAztecRune(std::uint8_t number, Symbol& symbol) {
@@ -215,7 +208,7 @@ void DrawAztecRune(std::uint8_t number, Symbol& symbol) {
   DrawFinder(matrix, FinderReach(true));
   DrawModeMessage(matrix, true, message);
   SetMeasure(true, symbol);
-  matrix.copy(symbol);
+  matrix.copyTo(symbol);
 }
 
 }  // namespace Library

@@ -1,6 +1,7 @@
 #include "library/symbology/CodeOnePattern.h"
 
-#include "library/symbology/AztecCheckWords.h"
+#include "library/symbology/ModuleRuns.h"
+#include "library/symbology/ReedSolomon.h"
 
 namespace Library {
 namespace {
@@ -19,22 +20,6 @@ constexpr CodeOneVersion kVersions[] = {
     {46, 22, 732, 280, 4, 6, 2, kG, kG},     {68, 30, 1480, 560, 8, 6, 3, kH, kH},
 };
 
-// Word number i belongs to block i modulo the blocks, check words too.
-void AddCheckWords(const CodeOneVersion& version, Words& words) {
-  const std::size_t dataWords = words.size();
-  words.resize(dataWords + version.checkWords);
-  for (std::size_t block = 0; block < version.blocks; ++block) {
-    Words data;
-    for (std::size_t i = block; i < dataWords; i += version.blocks) data.push_back(words[i]);
-    const int count = static_cast<int>(version.checkWords / version.blocks);
-    std::size_t place = dataWords + block;
-    for (const std::uint16_t check : AztecCheckWords(data, count, 8, 0)) {
-      words[place] = check;
-      place += version.blocks;
-    }
-  }
-}
-
 // Words lie in rows, four bits above four. The bars across the middle stand between the halves of
 // the words, the upright ones between their columns, each with a light line behind it.
 class Pattern {
@@ -51,19 +36,7 @@ class Pattern {
   }
 
   void copyTo(Symbol& symbol) const {
-    symbol.width = columns;
-    symbol.rows.reserve(static_cast<std::size_t>(rows));
-    for (int row = 0; row < rows; ++row) {
-      SymbolRow& line = symbol.rows.emplace_back(SymbolRow{{0}, 1});
-      bool dark = true;  // of the run
-      for (int column = 0; column < columns; ++column) {
-        if (isDark(row, column) != dark) {
-          line.runs.push_back(0);
-          dark = !dark;
-        }
-        ++line.runs.back();
-      }
-    }
+    AddModules(symbol, columns, rows, [this](int row, int column) { return isDark(row, column); });
   }
 
  private:
@@ -137,7 +110,8 @@ std::span<const CodeOneVersion> CodeOneVersions() {
 }
 
 void DrawCodeOne(const CodeOneVersion& version, Words data, Symbol& symbol) {
-  AddCheckWords(version, data);
+  const ReedSolomon code(kField256, version.checkWords / version.blocks, 0);
+  code.addTo(data, version.blocks);
   Pattern(version, data).copyTo(symbol);
 }
 

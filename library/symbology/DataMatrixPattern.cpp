@@ -1,6 +1,7 @@
 #include "library/symbology/DataMatrixPattern.h"
 
-#include "library/symbology/AztecCheckWords.h"
+#include "library/symbology/ModuleRuns.h"
+#include "library/symbology/ReedSolomon.h"
 
 #include <utility>
 
@@ -25,20 +26,10 @@ constexpr DataMatrixShape kShapes[] = {
     // clang-format on
 };
 
-// Word number i belongs to block i modulo the blocks, check words too.
 void AddCheckWords(const DataMatrixShape& shape, Words& words) {
   const auto blocks = static_cast<std::size_t>(shape.blocks);
-  const std::size_t dataWords = words.size();
-  words.resize(dataWords + static_cast<std::size_t>(shape.checkWords));
-  for (std::size_t block = 0; block < blocks; ++block) {
-    Words data;
-    for (std::size_t i = block; i < dataWords; i += blocks) data.push_back(words[i]);
-    const Words check = AztecCheckWords(data, shape.checkWords / shape.blocks, 8);
-    auto next = check.begin();
-    for (std::size_t i = block; i < words.size(); i += blocks) {
-      if (i >= dataWords) words[i] = *next++;
-    }
-  }
+  const auto checkWords = static_cast<std::size_t>(shape.checkWords);
+  ReedSolomon(kField256, checkWords / blocks, 1).addTo(words, blocks);
 }
 
 // The places of the bits in the mapping matrix, all regions without their borders: words lie along
@@ -186,20 +177,9 @@ std::span<const DataMatrixShape> DataMatrixShapes() {
 void DrawDataMatrix(const DataMatrixShape& shape, Words data, Symbol& symbol) {
   AddCheckWords(shape, data);
   const Regions regions(shape, data);
-  symbol.width = shape.width;
   symbol.evenlyRead = true;
-  symbol.rows.reserve(static_cast<std::size_t>(shape.height));
-  for (int row = 0; row < shape.height; ++row) {
-    SymbolRow& line = symbol.rows.emplace_back(SymbolRow{{0}, 1});
-    bool dark = true;  // of the run
-    for (int column = 0; column < shape.width; ++column) {
-      if (regions.isDark(row, column) != dark) {
-        line.runs.push_back(0);
-        dark = !dark;
-      }
-      ++line.runs.back();
-    }
-  }
+  AddModules(symbol, shape.width, shape.height,
+             [&regions](int row, int column) { return regions.isDark(row, column); });
 }
 
 }  // namespace Library
