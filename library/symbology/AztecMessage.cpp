@@ -283,37 +283,38 @@ class ShortestPath {
   }
 
   // Not behind a latch from a mode that has runs itself: it is as short behind the run.
-  bool beginsRuns(std::size_t place, std::size_t mode) {
+  void addStart(CheapestStart& starts, std::size_t place, std::size_t mode) {
     const Step& step = at(place, mode);
-    return choice != 0 || step.taken != 0 || step.from == mode || step.from >= kBinaryModes;
+    const bool latched = step.taken == 0 && step.from != mode && step.from < kBinaryModes;
+    if (choice == 0 && latched) return;
+    starts.add(place, step.cost - 8 * static_cast<int>(place));
   }
 
   void beginRuns(std::size_t place) {
     for (std::size_t mode = 0; mode < kBinaryModes; ++mode) {
-      if (!beginsRuns(place, mode)) continue;
-      const int key = at(place, mode).cost - 8 * static_cast<int>(place);
-      shortStarts[mode].add(place, key);
+      addStart(shortStarts[mode], place, mode);
     }
   }
 
   // Whether one of them is the cheapest way to a mode.
   bool endRuns(std::size_t place) {
+    const std::size_t firstShort = firstStart(place, kLongestShortRun);
+    const std::size_t firstLong = firstStart(place, kLongestRun);
     bool any = false;
     for (std::size_t mode = 0; mode < kBinaryModes; ++mode) {
-      if (place > kLongestShortRun) {
-        const std::size_t start = place - kLongestShortRun - 1;
-        const int key = at(start, mode).cost - 8 * static_cast<int>(start);
-        if (start >= barrier && beginsRuns(start, mode)) longStarts[mode].add(start, key);
-      }
-      any |= endRun(place, mode, shortStarts[mode], kLongestShortRun);
-      any |= endRun(place, mode, longStarts[mode], kLongestRun);
+      // What a run is too long for now.
+      if (firstShort > barrier) addStart(longStarts[mode], firstShort - 1, mode);
+      any |= endRun(place, mode, shortStarts[mode].from(firstShort));
+      any |= endRun(place, mode, longStarts[mode].from(firstLong));
     }
     return any;
   }
 
-  bool endRun(std::size_t place, std::size_t mode, CheapestStart& starts, std::size_t longest) {
-    const std::size_t first = place > longest ? place - longest : 0;
-    const CheapestStart::Start* const start = starts.from(std::max(first, barrier));
+  std::size_t firstStart(std::size_t place, std::size_t longest) const {
+    return std::max(place - std::min(place, longest), barrier);
+  }
+
+  bool endRun(std::size_t place, std::size_t mode, const CheapestStart::Start* start) {
     if (start == nullptr) return false;
     const std::size_t length = place - start->place;
     const int least = start->key + 8 * static_cast<int>(place) + kLeastRunBits;
