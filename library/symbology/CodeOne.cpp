@@ -55,9 +55,9 @@ CodeOneContent ContentOf(const Options& options, const Data& data) {
 
 void EncodeCodeOne(const EncoderInput& input, Symbol& symbol) {
   const CodeOneContent content = ContentOf(input.options, input.data);
-  const CodeOneMessage message(content);
+  const CodeOneMessage message = FindCodeOneMessage(content);
   for (const CodeOneVersion& version : CodeOneVersions()) {
-    CodeOneMessage::Words words = message.words(version.dataWords);
+    std::vector<std::uint16_t> words = message(version.dataWords);
     if (words.empty()) continue;
     DrawCodeOne(version, std::move(words), symbol);
     return SetTextLine(symbol, PrintableText(input.data));

@@ -11,7 +11,7 @@
 namespace Library {
 namespace {
 
-using Words = CodeOneMessage::Words;
+using Words = std::vector<std::uint16_t>;
 
 constexpr int kWord = 24, kBit = 3, kValue = 16;
 constexpr int kUnreached = std::numeric_limits<int>::max() / 2;
@@ -151,9 +151,7 @@ class Writer {
   int bitCount = 0;
 };
 
-}  // namespace
-
-class CodeOneMessage::Search {
+class Search {
  public:
   explicit Search(const CodeOneContent& message)
       : content(message), end(message.characters.size()), steps((end + 1) * kStates) {
@@ -166,7 +164,7 @@ class CodeOneMessage::Search {
     }
   }
 
-  Words words(std::size_t capacity) const {
+  Words operator()(std::size_t capacity) const {
     const int room = static_cast<int>(capacity) * kWord;
     if (at(end, kAscii).cost <= room) return write(capacity, end, kAscii, end, false);
     if (Words found = endInScheme(capacity, room); !found.empty()) return found;
@@ -313,13 +311,10 @@ class CodeOneMessage::Search {
   std::vector<Step> steps;
 };
 
-CodeOneMessage::CodeOneMessage(const CodeOneContent& content)
-    : search(std::make_unique<Search>(content)) {}
+}  // namespace
 
-CodeOneMessage::~CodeOneMessage() = default;
-
-CodeOneMessage::Words CodeOneMessage::words(std::size_t capacity) const {
-  return search->words(capacity);
+CodeOneMessage FindCodeOneMessage(const CodeOneContent& content) {
+  return Search(content);
 }
 
 }  // namespace Library

@@ -4,7 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
+#include <functional>
 #include <vector>
 
 namespace Library {
@@ -14,22 +14,10 @@ struct CodeOneContent {
   std::vector<std::uint16_t> characters;  // bytes
 };
 
-class CodeOneMessage {
- public:
-  using Words = std::vector<std::uint16_t>;
+// A message as exactly `capacity` code words, padded; none when it takes more.
+using CodeOneMessage = std::function<std::vector<std::uint16_t>(std::size_t capacity)>;
 
-  // Finds the fewest code words for every place of the data.
-  explicit CodeOneMessage(const CodeOneContent& content);
-  ~CodeOneMessage();
-  CodeOneMessage(const CodeOneMessage&) = delete;
-  CodeOneMessage& operator=(const CodeOneMessage&) = delete;
-
-  // Exactly `capacity` code words, padded; none when the message takes more.
-  Words words(std::size_t capacity) const;
-
- private:
-  class Search;
-  std::unique_ptr<const Search> search;
-};
+// Finds the fewest code words for every place of the data. The message refers to the content.
+CodeOneMessage FindCodeOneMessage(const CodeOneContent& content);
 
 }  // namespace Library

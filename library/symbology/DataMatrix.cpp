@@ -164,12 +164,12 @@ DataMatrixContent ContentOf(const Options& options, const Data& data) {
 void DrawSmallest(std::span<const DataMatrixShape> shapes, const DataMatrixContent& content,
                   Symbol& symbol) {
   const auto most = static_cast<std::size_t>(shapes.back().dataWords);
-  if (DataMatrixMessage::leastWords(content.characters.size()) > most) {
+  if (LeastDataMatrixWords(content.characters.size()) > most) {
     throw Error(BC_E_DATATOOLONG);
   }
-  const DataMatrixMessage message(content);
+  const DataMatrixMessage message = FindDataMatrixMessage(content);
   for (const DataMatrixShape& shape : shapes) {
-    DataMatrixMessage::Words words = message.words(static_cast<std::size_t>(shape.dataWords));
+    std::vector<std::uint16_t> words = message(static_cast<std::size_t>(shape.dataWords));
     if (!words.empty()) return DrawDataMatrix(shape, std::move(words), symbol);
   }
   throw Error(BC_E_DATATOOLONG);

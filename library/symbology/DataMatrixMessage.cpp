@@ -14,6 +14,7 @@ namespace Library {
 namespace {
 
 using Scheme = DataMatrixScheme;
+using Words = std::vector<std::uint16_t>;
 
 constexpr int kWord = 12;  // twelfths
 constexpr int kValue = 8, kEdifactValue = 9;
@@ -49,9 +50,7 @@ struct Step {
   std::uint16_t bytes = 0;  // of the run of Base 256
 };
 
-}  // namespace
-
-class DataMatrixMessage::Search {
+class Search {
  public:
   explicit Search(const DataMatrixContent& message)
       : content(message), end(message.characters.size()), steps((end + 1) * kStates) {
@@ -65,7 +64,7 @@ class DataMatrixMessage::Search {
     }
   }
 
-  Words words(std::size_t capacity) const {
+  Words operator()(std::size_t capacity) const {
     if (content.binary) return binaryWords(capacity);
     const int room = static_cast<int>(capacity) * kWord;
     if (const Words found = endInFullSymbol(capacity, room); !found.empty()) return found;
@@ -205,13 +204,10 @@ class DataMatrixMessage::Search {
   std::vector<Step> steps;
 };
 
-DataMatrixMessage::DataMatrixMessage(const DataMatrixContent& content)
-    : search(std::make_unique<Search>(content)) {}
+}  // namespace
 
-DataMatrixMessage::~DataMatrixMessage() = default;
-
-DataMatrixMessage::Words DataMatrixMessage::words(std::size_t capacity) const {
-  return search->words(capacity);
+DataMatrixMessage FindDataMatrixMessage(const DataMatrixContent& content) {
+  return Search(content);
 }
 
 }  // namespace Library

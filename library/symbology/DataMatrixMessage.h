@@ -3,7 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
+#include <functional>
 #include <vector>
 
 namespace Library {
@@ -14,26 +14,16 @@ struct DataMatrixContent {
   bool binary = false;                    // in Base 256 only
 };
 
-class DataMatrixMessage {
- public:
-  using Words = std::vector<std::uint16_t>;
+// A message as exactly `capacity` code words, padded; none when it takes more. What it takes
+// depends on what is left of the symbol at its end.
+using DataMatrixMessage = std::function<std::vector<std::uint16_t>(std::size_t capacity)>;
 
-  // Finds the fewest code words for every place of the data.
-  explicit DataMatrixMessage(const DataMatrixContent& content);
-  ~DataMatrixMessage();
-  DataMatrixMessage(const DataMatrixMessage&) = delete;
-  DataMatrixMessage& operator=(const DataMatrixMessage&) = delete;
+// Finds the fewest code words for every place of the data. The message refers to the content.
+DataMatrixMessage FindDataMatrixMessage(const DataMatrixContent& content);
 
-  // Exactly `capacity` code words, padded; none when the message takes more. What a message takes
-  // depends on what is left of the symbol at its end.
-  Words words(std::size_t capacity) const;
-
-  // The fewest code words for so many characters.
-  static std::size_t leastWords(std::size_t characters) { return characters / 2; }
-
- private:
-  class Search;
-  std::unique_ptr<const Search> search;
-};
+// The fewest code words for so many characters.
+constexpr std::size_t LeastDataMatrixWords(std::size_t characters) {
+  return characters / 2;
+}
 
 }  // namespace Library

@@ -10,7 +10,7 @@ namespace Library {
 namespace {
 
 using Scheme = DataMatrixScheme;
-using Words = DataMatrixMessage::Words;
+using Words = std::vector<std::uint16_t>;
 
 constexpr std::uint16_t kPad = 129, kDigitPair = 130, kFunction1 = 232, kUpperShift = 235;
 constexpr std::uint16_t kLatches[] = {0, 230, 239, 238, 240, 231};  // by scheme

@@ -21,7 +21,7 @@ int DataMatrixValueCount(DataMatrixScheme scheme, std::uint16_t character);
 // Adds characters in C40, Text or X12, three values in two words. One value that is missing at the
 // end is a shift.
 void AppendDataMatrixTriples(DataMatrixScheme scheme, std::span<const std::uint16_t> characters,
-                             DataMatrixMessage::Words& words);
+                             std::vector<std::uint16_t>& words);
 
 // Words of the characters from `first` on in ASCII, digits in pairs.
 std::size_t DataMatrixAsciiWords(const std::vector<std::uint16_t>& characters, std::size_t first);
@@ -33,8 +33,8 @@ struct DataMatrixTail {
 
 // The message in these schemes, one for each character, padded.
 // REQUIRES: it takes no more than `capacity` words; schemes are left where they can be.
-DataMatrixMessage::Words WriteDataMatrix(const DataMatrixContent& content,
-                                         const std::vector<DataMatrixScheme>& schemes,
-                                         const DataMatrixTail& tail, std::size_t capacity);
+std::vector<std::uint16_t> WriteDataMatrix(const DataMatrixContent& content,
+                                           const std::vector<DataMatrixScheme>& schemes,
+                                           const DataMatrixTail& tail, std::size_t capacity);
 
 }  // namespace Library

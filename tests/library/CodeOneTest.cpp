@@ -14,7 +14,6 @@
 
 namespace {
 
-using Library::CodeOneMessage;
 using Library::Options;
 using Library::Symbol;
 
@@ -31,7 +30,7 @@ Symbol ByZint(const std::string& data) {
 // The data that the words stand for, as AIM USS Code One says.
 class Reader {
  public:
-  explicit Reader(const CodeOneMessage::Words& read) : words(read) {}
+  explicit Reader(const std::vector<std::uint16_t>& read) : words(read) {}
 
   std::string read() {
     while (next < words.size()) {
@@ -127,7 +126,7 @@ class Reader {
     next = (bit + 7) / 8;
   }
 
-  const CodeOneMessage::Words& words;
+  const std::vector<std::uint16_t>& words;
   std::size_t next = 0;
   std::string data;
 };
@@ -173,9 +172,9 @@ TEST(CodeOne, HoldsAllBytesAndIsNoLargerThanLibzints) {
     }
     Library::CodeOneContent content;
     for (const char c : data) content.characters.push_back(static_cast<unsigned char>(c));
-    const CodeOneMessage message(content);
+    const Library::CodeOneMessage message = Library::FindCodeOneMessage(content);
     for (const Library::CodeOneVersion& version : Library::CodeOneVersions()) {
-      const CodeOneMessage::Words words = message.words(version.dataWords);
+      const std::vector<std::uint16_t> words = message(version.dataWords);
       if (words.empty()) continue;
       EXPECT_EQ(words.size(), version.dataWords);
       EXPECT_TRUE(IsSame(kCodeOne, "the tests' reader", Reader(words).read(), data));
