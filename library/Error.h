@@ -8,6 +8,9 @@
 
 namespace Library {
 
+// E_FAIL: a fault of ours or of a library under us, not one that the interface names.
+inline constexpr BCResult kInternalError = 0x80004005u;
+
 // Zero-based index of a character in the caller's data, a type of its own so that it cannot be
 // taken for a result code.
 struct DataIndex {

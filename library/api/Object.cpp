@@ -16,9 +16,6 @@
 namespace Library {
 namespace {
 
-// E_FAIL: a fault of ours, not one that the interface names.
-constexpr BCResult kInternalError = 0x80004005u;
-
 int CountRows(const Symbol& symbol) {
   if (symbol.geometry == Geometry::kLinear || symbol.geometry == Geometry::kFourState) return 1;
   return static_cast<int>(

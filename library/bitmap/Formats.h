@@ -9,7 +9,7 @@
 namespace Library {
 
 // Throw Error: BC_E_MODULENOTFOUND where the library that knows the format is missing,
-// BC_E_OUTOFMEMORY, and 0x80004005 for any other failure of that library.
+// BC_E_OUTOFMEMORY, and kInternalError for any other failure of that library.
 std::string WriteBmp(const Bitmap& bitmap);
 std::string WriteGif(const Bitmap& bitmap);
 std::string WriteJpeg(const Bitmap& bitmap);  // grey, quality 95

@@ -1,5 +1,6 @@
 // GIF by giflib: a palette of paper and ink. The format has no field for the resolution, which
 // stands in a comment.
+#include "library/Error.h"
 #include "library/LoadedLibrary.h"
 #include "library/bitmap/Formats.h"
 
@@ -13,8 +14,6 @@ namespace {
 [[gnu::used, gnu::section(".note.dlopen")]] alignas(4) constexpr auto kNote = NoteOf(
     R"([{"soname":[")" VEXTORIN_GIF_SONAME R"("],"priority":"recommended",)"
     R"("description":"GIF files"}])");
-
-constexpr BCResult kInternalError = 0x80004005u;
 
 struct Functions {
   decltype(&EGifOpen) open;

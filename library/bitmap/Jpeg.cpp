@@ -1,4 +1,5 @@
 // JPEG by libjpeg, grey.
+#include "library/Error.h"
 #include "library/LoadedLibrary.h"
 #include "library/bitmap/Formats.h"
 
@@ -17,7 +18,6 @@ namespace {
     R"([{"soname":[")" VEXTORIN_JPEG_SONAME R"("],"priority":"recommended",)"
     R"("description":"JPEG files"}])");
 
-constexpr BCResult kInternalError = 0x80004005u;
 constexpr int kQuality = 95;
 
 struct Functions {

@@ -1,4 +1,5 @@
 // PNG by libpng: a palette of paper and ink.
+#include "library/Error.h"
 #include "library/LoadedLibrary.h"
 #include "library/bitmap/Formats.h"
 
@@ -14,8 +15,6 @@ namespace {
 [[gnu::used, gnu::section(".note.dlopen")]] alignas(4) constexpr auto kNote = NoteOf(
     R"([{"soname":[")" VEXTORIN_PNG_SONAME R"("],"priority":"recommended",)"
     R"("description":"PNG files"}])");
-
-constexpr BCResult kInternalError = 0x80004005u;
 
 struct Functions {
   decltype(&png_create_write_struct) createWriter;

@@ -1,4 +1,5 @@
 // TIFF by libtiff: CCITT group 4 for black on white, a palette in LZW for other colours.
+#include "library/Error.h"
 #include "library/LoadedLibrary.h"
 #include "library/bitmap/Formats.h"
 
@@ -13,8 +14,6 @@ namespace {
 [[gnu::used, gnu::section(".note.dlopen")]] alignas(4) constexpr auto kNote = NoteOf(
     R"([{"soname":[")" VEXTORIN_TIFF_SONAME R"("],"priority":"recommended",)"
     R"("description":"TIFF files"}])");
-
-constexpr BCResult kInternalError = 0x80004005u;
 
 struct Functions {
   decltype(&TIFFClientOpen) open;

@@ -9,8 +9,6 @@
 namespace Library {
 namespace {
 
-constexpr BCResult kInternalError = 0x80004005u;
-
 [[noreturn]] void ThrowFor(int zintError, BCResult overridden) {
   switch (zintError) {
     case ZINT_WARN_INVALID_OPTION:
