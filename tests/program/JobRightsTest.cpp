@@ -46,19 +46,10 @@ TEST(ForeignText, IsCutTo1500ShownBytesAMessage) {
   EXPECT_EQ(two, std::string(1000, 'a') + '|' + std::string(497, 'x') + "...|" + fits);
 }
 
-class JobOptions : public testing::Test {
+class JobOptions : public Options {
  protected:
   JobOptions() { settings.fromJob = true; }
   ~JobOptions() override { g_settings.application.jobFiles = true; }
-
-  Diag::ResultCode read(const std::string& text) {
-    Parser::StringParser parser(text);
-    return settings.readOptions(parser);
-  }
-
-  const Support::TempFolder files;
-  BarcodeSettings settings;
-  CollectedLog log;
 };
 
 TEST_F(JobOptions, AreQuotedOnOneLineWhereTheConfigurationIsQuotedAsItIs) {

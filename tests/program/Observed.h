@@ -1,8 +1,12 @@
 // What the program says and holds, as tests compare it.
 #pragma once
 
+#include "parser/StringParser.h"
 #include "settings/BarcodeSettings.h"
 #include "settings/GlobalSettings.h"
+#include "tests/support/TempFolder.h"
+
+#include <gtest/gtest.h>
 
 #include <sstream>
 #include <string>
@@ -57,3 +61,16 @@ class CollectedLog {
 inline std::string ErrorLine(const std::string& message) {
   return message.empty() ? "" : "vextorin: Error: " + message + "\n";
 }
+
+// Reads options as a sequence has them.
+class Options : public testing::Test {
+ protected:
+  Diag::ResultCode read(const std::string& text) {
+    Parser::StringParser parser(text);
+    return settings.readOptions(parser);
+  }
+
+  const Support::TempFolder files;
+  Settings::BarcodeSettings settings;
+  CollectedLog log;
+};

@@ -78,18 +78,6 @@ void CheckTable(std::span<const Settings::Option<Record>> table,
   }
 }
 
-class Options : public testing::Test {
- protected:
-  Diag::ResultCode read(const std::string& text) {
-    Parser::StringParser parser(text);
-    return settings.readOptions(parser);
-  }
-
-  const Support::TempFolder files;
-  BarcodeSettings settings;
-  CollectedLog log;
-};
-
 TEST(EveryOption, StoresGoodValuesAndRefusesOthersByEachName) {
   CheckTable(Settings::BarcodeOptions(), ExpectedBarcodeOptions(), {"datafile", "bcfile"});
   CheckTable(Settings::AppOptions(), ExpectedAppOptions(),
