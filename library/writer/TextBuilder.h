@@ -21,7 +21,12 @@ class TextBuilder {
   }
 
   TextBuilder& operator<<(std::string_view word) {
-    separate(word.size());
+    makeRoom(word.size() + 1);
+    if (!atLineStart()) {
+      const bool full = size - lineStart + word.size() >= kLineLength;
+      out[size++] = full ? '\n' : ' ';
+      if (full) lineStart = size;
+    }
     append(word);
     return *this;
   }
@@ -78,17 +83,6 @@ class TextBuilder {
     if (full) lineStart = size + 1;
     size = end;
     return *this;
-  }
-
-  // In front of a word so long.
-  void separate(std::size_t length) {
-    if (atLineStart()) return;
-    if (size - lineStart + length >= kLineLength) {
-      put("\n");
-      lineStart = size;
-    } else {
-      put(" ");
-    }
   }
 
   void append(std::string_view text) {
