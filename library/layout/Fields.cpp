@@ -125,17 +125,25 @@ class FieldBuilder {
   }
 
   bool setWidths(std::span<const int> runs, bool dark, bool twoWidths, BarPart& part) const {
-    const int wide = widths.wideModules();
     part.widths.resize(runs.size());
     char* next = part.widths.data();
     for (const int modules : runs) {
-      if (twoWidths && modules != 1 && modules != wide) return false;
-      const double width = twoWidths ? 1 + (modules > 1) : widths.of(modules, dark);
-      if (width < 1 || width > kMostModules || width != std::floor(width)) return false;
-      *next++ = static_cast<char>('0' + static_cast<int>(width));
+      const int width = twoWidths ? narrowOrWide(modules) : wholeWidth(modules, dark);
+      if (width <= 0 || width > kMostModules) return false;
+      *next++ = static_cast<char>('0' + width);
       dark = !dark;
     }
     return true;
+  }
+
+  int narrowOrWide(int modules) const {
+    return modules == 1 ? 1 : modules == widths.wideModules() ? 2 : 0;
+  }
+
+  int wholeWidth(int modules, bool dark) const {
+    if (widths.areNominal()) return modules;
+    const double width = std::min<double>(widths.of(modules, dark), kMostModules + 1);
+    return width == std::floor(width) ? static_cast<int>(width) : 0;
   }
 
   const Symbol& symbol;
