@@ -141,10 +141,11 @@ TEST(HanXin, IsDrawnAsBwippDrawsIt) {
 }
 
 TEST(Code49, HoldsWhatLibzintPutsIntoIt) {
-  // There are 4,802 patterns.
+  // There are 4,802 patterns. No character whose second code is that of a digit: libzint counts it
+  // as one, and packs four digits behind it.
   std::mt19937 random = Seeded(49);
   constexpr std::string_view kSets[] = {"0123456789", "ABCDEFG-. $/+%0123456789",
-                                        "abcxyz,;:_~\x01\x1A 01"};
+                                        "abcxyz,:_~\x01\x1A 01"};
   for (int i = 0; i < 2500; ++i) {
     const std::string_view set = kSets[i % 3];
     std::string data;

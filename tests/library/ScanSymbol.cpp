@@ -10,7 +10,8 @@
 
 namespace {
 
-constexpr int kPixels = 3;  // per module
+// Per module; the reader passes over one symbol in thousands at some.
+constexpr int kScales[] = {3, 5, 8, 4};
 constexpr int kQuiet = 12;  // modules
 constexpr int kLinearHeight = 20;
 
@@ -34,20 +35,20 @@ int Height(const Library::SymbolRow& row) {
   return static_cast<int>(row.height == 0 ? kLinearHeight : row.height);
 }
 
-Bitmap Draw(const Library::Symbol& symbol) {
+Bitmap Draw(const Library::Symbol& symbol, int scale) {
   int height = 0;
   for (const Library::SymbolRow& row : symbol.rows) height += Height(row);
-  Bitmap bitmap((symbol.width + 2 * kQuiet) * kPixels, (height + 2 * kQuiet) * kPixels);
+  Bitmap bitmap((symbol.width + 2 * kQuiet) * scale, (height + 2 * kQuiet) * scale);
   int top = kQuiet;
   bool odd = false;
   for (const Library::SymbolRow& row : symbol.rows) {
     // Rows of hexagons are shifted by half a one in turn.
     const bool shifted = odd && symbol.geometry == Library::Geometry::kHexagonal;
-    int left = kQuiet * kPixels + (shifted ? kPixels / 2 : 0);
+    int left = kQuiet * scale + (shifted ? scale / 2 : 0);
     bool dark = true;
     for (const int run : row.runs) {
-      const int right = left + run * kPixels;
-      if (dark) bitmap.paint(left, top * kPixels, right, (top + Height(row)) * kPixels);
+      const int right = left + run * scale;
+      if (dark) bitmap.paint(left, top * scale, right, (top + Height(row)) * scale);
       left = right;
       dark = !dark;
     }
@@ -75,9 +76,6 @@ std::vector<ZXing::BarcodeFormats> FormatsOf(const Library::Symbol& symbol) {
 
 ZXing::Result Read(const Library::Symbol& symbol) {
   constexpr int kExtendedCode39 = 9;
-  const Bitmap bitmap = Draw(symbol);
-  const ZXing::ImageView image(bitmap.pixels.data(), bitmap.width, bitmap.height,
-                               ZXing::ImageFormat::Lum);
   ZXing::DecodeHints hints;
   hints.setTryHarder(true);
   hints.setEanAddOnSymbol(ZXing::EanAddOnSymbol::Read);
@@ -85,13 +83,16 @@ ZXing::Result Read(const Library::Symbol& symbol) {
   hints.setTryCode39ExtendedMode(symbol.type == kExtendedCode39);
   hints.setIsPure(symbol.geometry == Library::Geometry::kHexagonal ||
                   symbol.geometry == Library::Geometry::kMatrix);
-  ZXing::Result result;
-  for (const ZXing::BarcodeFormats formats : FormatsOf(symbol)) {
-    hints.setFormats(formats);
-    result = ZXing::ReadBarcode(image, hints);
-    if (result.isValid()) break;
+  for (const int scale : kScales) {
+    const Bitmap bitmap = Draw(symbol, scale);
+    const ZXing::ImageView image(bitmap.pixels.data(), bitmap.width, bitmap.height,
+                                 ZXing::ImageFormat::Lum);
+    for (const ZXing::BarcodeFormats formats : FormatsOf(symbol)) {
+      hints.setFormats(formats);
+      if (ZXing::Result result = ZXing::ReadBarcode(image, hints); result.isValid()) return result;
+    }
   }
-  return result;
+  return {};
 }
 
 }  // namespace
