@@ -192,7 +192,10 @@ Found PclScanner::whatIsAt(std::size_t at, char byte) {
   if (wanted.pattern && is(marks.insertPattern)) return Found::kPattern;
   if (marks.pjl && (is("@P") || is("@p"))) return Found::kAtSign;
   if (is(marks.begin)) return Found::kBeginToken;
-  if (wanted.lineEnds && byte == marks.lineEnd) return Found::kLineEnd;
+  if (wanted.lineEnds && byte == marks.lineEnd) {
+    lineBeginPlace = stream.position() + at + 1;
+    return Found::kLineEnd;
+  }
   if (marks.orvella && (is(kOrvellaHeaderBegin) || is(kOrvellaMarker))) return Found::kControl;
   return Found::kEnd;
 }

@@ -5,19 +5,15 @@ namespace Filter {
 Placement::Placement(Job& newJob)
     : job(newJob), insertArmed(newJob.application.insertPattern.empty()) {}
 
-void Placement::place(std::string_view output, bool stringFollows, std::uint64_t lineBegin) {
+void Placement::place(std::string_view output, bool stringFollows) {
   switch (insertArmed ? mode() : kAfterLine) {
-    case Settings::kInsertAfterString:
+    case kAfterString:
       if (stringFollows) break;
       job.stream.putString(output);
       return disarm();
-    case Settings::kInsertBeforeLine:
-      job.stream.holdFrom(lineBegin);
-      job.stream.putBeforeHeld(output);
-      return disarm();
-    case Settings::kInsertAfterLine:
+    case kAfterLine:
       break;
-    default:  // in front of the string or, in plain bytes, the sequence
+    default:  // in front of the line, the string or, in plain bytes, the sequence
       job.stream.putBeforeHeld(output);
       return disarm();
   }
@@ -29,20 +25,23 @@ void Placement::stringWritten() {
 }
 
 void Placement::lineEnded() {
-  if (waitsForLineEnd()) writePending();
+  if (mode() == kBeforeLine)
+    job.stream.endHold();
+  else if (waitsForLineEnd())
+    writePending();
 }
 
 void Placement::handleInsertPattern(std::uint64_t lineBegin) {
   switch (mode()) {
-    case Settings::kInsertBeforeLine:
+    case kBeforeLine:
       job.stream.holdFrom(lineBegin);
       job.stream.putBeforeHeld(pendingBarcode);
       break;
-    case Settings::kInsertAfterString:
+    case kAfterString:
       job.stream.forward(job.application.insertPattern.size());
       job.stream.putString(pendingBarcode);
       break;
-    case Settings::kInsertAfterLine:
+    case kAfterLine:
       insertArmed = true;  // written at the next line end
       return;
     default:

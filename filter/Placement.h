@@ -14,20 +14,22 @@ class Placement {
  public:
   explicit Placement(Job& newJob);
 
-  // Places what a sequence amounts to. The sequence's bytes have not been written yet, unless the
-  // mode is AFTERSTRING and no string follows. `stringFollows`: the string that held the sequence
-  // is written afterwards, by stringWritten. `lineBegin`: the place in the job where the line
-  // began.
-  void place(std::string_view output, bool stringFollows, std::uint64_t lineBegin);
+  // Places what a sequence amounts to. The sequence's bytes have not been written yet, unless no
+  // string follows and the mode is AFTERSTRING, or BEFORELINE without a held line. `stringFollows`:
+  // the string that held the sequence is written afterwards, by stringWritten.
+  void place(std::string_view output, bool stringFollows);
   // What may let a waiting barcode go: the end of a string or a line was written, the insert
-  // pattern is next. Each writes what is next, too, if it is not only told of it.
+  // pattern is next. Each writes what is next, too, if it is not only told of it. `lineBegin`: the
+  // place in the job where the line began.
   void stringWritten();
   void lineEnded();
   void handleInsertPattern(std::uint64_t lineBegin);
 
   bool waits() const { return !pendingBarcode.empty(); }
   bool waitsForString() const { return waits() && insertArmed && mode() == kAfterString; }
-  bool waitsForLineEnd() const { return waits() && insertArmed && mode() == kAfterLine; }
+  bool waitsForLineEnd() const {
+    return holdsLine() || (waits() && insertArmed && mode() == kAfterLine);
+  }
   bool waitsForPattern() const {
     return waits() && !insertArmed && !job.application.insertPattern.empty();
   }
@@ -37,8 +39,11 @@ class Placement {
  private:
   static constexpr int kAfterString = Settings::kInsertAfterString;
   static constexpr int kAfterLine = Settings::kInsertAfterLine;
+  static constexpr int kBeforeLine = Settings::kInsertBeforeLine;
 
   int mode() const { return job.application.insertMode; }
+  // From a line's first sequence on, until a barcode is put in front of the line.
+  bool holdsLine() const { return mode() == kBeforeLine && job.stream.isHolding(); }
   void writePending();
   void disarm();
 

@@ -189,8 +189,8 @@ bool PostScriptScanner::visitInCode(std::size_t at, char byte) {
 }
 
 bool PostScriptScanner::visitLineEnd(std::size_t at) {
-  if (wanted.lineEnds) return stopAt(at, Found::kLineEnd);
   lineBeginPlace = stream.position() + at + 1;
+  if (wanted.lineEnds) return stopAt(at, Found::kLineEnd);
   return false;
 }
 

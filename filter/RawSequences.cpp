@@ -58,11 +58,15 @@ ResultCode RawSequences::handleEscapeSequence(std::uint64_t lineBegin) {
 // Puts blanks and what the sequence amounts to in its place, in the order of the insert mode.
 void RawSequences::replace(std::size_t size, std::string_view blanks, std::string_view output,
                            std::uint64_t lineBegin) {
-  const bool behind = job.application.insertMode == Settings::kInsertAfterString;
-  if (!behind && !output.empty()) placement.place(output, false, lineBegin);
+  const int mode = job.application.insertMode;
+  if (mode == Settings::kInsertBeforeLine) job.stream.holdFrom(lineBegin);
+  // Nothing can be put in front of the job's first line, or of one that has a barcode there.
+  const bool lineIsOut = mode == Settings::kInsertBeforeLine && !job.stream.isHolding();
+  const bool behind = mode == Settings::kInsertAfterString || lineIsOut;
+  if (!behind && !output.empty()) placement.place(output, false);
   job.stream.consume(size);
   job.stream.putString(blanks);
-  if (behind && !output.empty()) placement.place(output, false, lineBegin);
+  if (behind && !output.empty()) placement.place(output, false);
 }
 
 ResultCode RawSequences::reportUnclosed() {

@@ -18,7 +18,6 @@ constexpr std::size_t kNone = std::string_view::npos;
 }  // namespace
 
 ResultCode StringSequences::handlePostScriptString(std::size_t size, std::uint64_t lineBegin) {
-  lineBeginPlace = lineBegin;
   const std::string& beginToken = job.application.escapeBegin;
   const std::string& endToken = job.application.escapeEnd;
   ResultCode result = Diag::kSuccess;
@@ -46,7 +45,8 @@ ResultCode StringSequences::handlePostScriptString(std::size_t size, std::uint64
     if (result == Diag::kSuccess) result = inserted;
     place = job.stream.position();
   }
-  job.stream.endHold();
+  // A held line stays so: its barcode may be the next one, or wait for the insert pattern.
+  if (job.application.insertMode != Settings::kInsertBeforeLine) job.stream.endHold();
   if (size > 0 && !string.changed) {
     job.stream.forward(size);
   } else {
@@ -94,7 +94,7 @@ void StringSequences::extract(Opened& string, std::size_t begin, std::size_t end
 ResultCode StringSequences::insertBarcode(std::uint64_t place) {
   std::string output = std::exchange(sequenceText, {});
   const ResultCode result = maker.processSequence(output, place);
-  if (maker.insertsAfter(result)) placement.place(output, true, lineBeginPlace);
+  if (maker.insertsAfter(result)) placement.place(output, true);
   return result;
 }
 

@@ -48,7 +48,6 @@ class StringSequences {
   Placement& placement;
   // The contents of the sequence at hand, gathered across its strings.
   std::string sequenceText;
-  std::uint64_t lineBeginPlace = 0;
   // A begin token in front of this place in the job has no end; it was looked for.
   std::uint64_t noEndBefore = 0;
 };

@@ -61,7 +61,14 @@ TEST(Embedding, PutsTheBarcodeWhereInsertSays) {
              {"after a raw one", "insert=afterstring", raw,
               "one\ntwo " + kRawBlanked + kDrawing + " three\nfour\n"},
              {"before its line", "insert=beforeline", raw, "one\n" + kDrawing + blanked + "four\n"},
-             {"after its line", "insert=afterline", raw, "one\n" + blanked + kDrawing + "four\n"}},
+             {"after its line", "insert=afterline", raw, "one\n" + blanked + kDrawing + "four\n"},
+             {"two in a line", "insert=beforeline", "one\ntwo" + kSequence + kSequence + "\n",
+              "one\n" + kDrawing + "two" + kRawBlanked + kRawBlanked + kDrawing + "\n"},
+             {"one that fails before it", "insert=beforeline onnodata=ignore trace=off",
+              "one\ntwo $_vxrs  $_vxre " + kSequence + "\n",
+              "one\n" + kDrawing + "two " + Blanks(13) + " " + kRawBlanked + "\n"},
+             {"in the first line", "insert=beforeline", kSequence + " x\n",
+              kRawBlanked + kDrawing + " x\n"}},
             kReset);
 }
 
@@ -122,6 +129,15 @@ TEST(Embedding, WaitsForTheInsertPattern) {
   CheckRows({{"a comment, and nearly so", "insertpattern=%%HERE", kSequence + comments + "%%HERE\n",
               kBlanked + comments + kBarcode + "%%HERE\n"}},
             "%!PS\n(");
+  CheckRows({{"before the line of both", "insertpattern=HERE insert=beforeline",
+              "(" + kSequence + ") HERE\n(" + kSequence + ")\nb HERE\n",
+              kBarcode + "(" + kBlanked + ") HERE\n(" + kBlanked + ")\n" + kBarcode + "b HERE\n"}},
+            "%!PS\n");
+  CheckRows({{"before the line of both, PCL", "insertpattern=HERE insert=beforeline",
+              "a " + kSequence + " HERE\na " + kSequence + "\nb\nc HERE\n",
+              kDrawing + "a " + kRawBlanked + " HERE\na " + kRawBlanked + "\nb\n" + kDrawing +
+                  "c HERE\n"}},
+            kReset + "\n");
 }
 
 TEST(Embedding, FindsEverySequenceInEveryFormOfString) {
