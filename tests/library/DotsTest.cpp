@@ -248,7 +248,7 @@ Support::Page Photograph(const Support::Page& page, double pixel) {
       int sum = 0;
       for (int i = 0; i < kSteps * kSteps; ++i) {
         const double right = x + (i % kSteps + 0.5) * 2 / kSteps;
-        const double down = y + (double(i) / kSteps + 0.5) * 2 / kSteps;
+        const double down = y + (i / kSteps + 0.5) * 2 / kSteps;
         sum += page.gray[std::size_t(int(down * pixel) * page.width + int(right * pixel))];
       }
       photo.gray.push_back(static_cast<std::uint8_t>(sum / (kSteps * kSteps)));

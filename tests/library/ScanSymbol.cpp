@@ -10,9 +10,12 @@
 
 namespace {
 
-// Per module; the reader passes over one symbol in thousands at some.
-constexpr int kScales[] = {3, 5, 8, 4};
-constexpr int kQuiet = 12;  // modules
+// How a symbol is drawn; in one view alone the reader passes over one in thousands.
+struct View {
+  int scale;  // pixels of a module
+  int quiet;  // modules
+};
+constexpr View kViews[] = {{3, 12}, {3, 40}, {5, 40}, {8, 20}};
 constexpr int kLinearHeight = 20;
 
 struct Bitmap {
@@ -35,16 +38,17 @@ int Height(const Library::SymbolRow& row) {
   return static_cast<int>(row.height == 0 ? kLinearHeight : row.height);
 }
 
-Bitmap Draw(const Library::Symbol& symbol, int scale) {
+Bitmap Draw(const Library::Symbol& symbol, const View& view) {
+  const auto [scale, quiet] = view;
   int height = 0;
   for (const Library::SymbolRow& row : symbol.rows) height += Height(row);
-  Bitmap bitmap((symbol.width + 2 * kQuiet) * scale, (height + 2 * kQuiet) * scale);
-  int top = kQuiet;
+  Bitmap bitmap((symbol.width + 2 * quiet) * scale, (height + 2 * quiet) * scale);
+  int top = quiet;
   bool odd = false;
   for (const Library::SymbolRow& row : symbol.rows) {
     // Rows of hexagons are shifted by half a one in turn.
     const bool shifted = odd && symbol.geometry == Library::Geometry::kHexagonal;
-    int left = kQuiet * scale + (shifted ? scale / 2 : 0);
+    int left = quiet * scale + (shifted ? scale / 2 : 0);
     bool dark = true;
     for (const int run : row.runs) {
       const int right = left + run * scale;
@@ -83,8 +87,8 @@ ZXing::Result Read(const Library::Symbol& symbol) {
   hints.setTryCode39ExtendedMode(symbol.type == kExtendedCode39);
   hints.setIsPure(symbol.geometry == Library::Geometry::kHexagonal ||
                   symbol.geometry == Library::Geometry::kMatrix);
-  for (const int scale : kScales) {
-    const Bitmap bitmap = Draw(symbol, scale);
+  for (const View& view : kViews) {
+    const Bitmap bitmap = Draw(symbol, view);
     const ZXing::ImageView image(bitmap.pixels.data(), bitmap.width, bitmap.height,
                                  ZXing::ImageFormat::Lum);
     for (const ZXing::BarcodeFormats formats : FormatsOf(symbol)) {
