@@ -21,8 +21,6 @@ constexpr std::size_t kLongestOperators = 256 * 1024;
 // Operators in the code of one unit, which has them once for each part of the text that stays
 // visible.
 constexpr std::size_t kMostOperatorCode = 4 * 1024 * 1024;
-// Barcodes of one text, which are all at hand before it is written.
-constexpr std::size_t kMostOutput = 16 * 1024 * 1024;
 
 // Where the string that ends with the last byte of `text` begins; kNone when there is none.
 std::size_t StringBegin(std::string_view text) {
@@ -286,7 +284,7 @@ bool AutoInsert::findEnd(std::size_t from, std::size_t& end) {
 }
 
 ResultCode AutoInsert::takeSequence(std::size_t begin, std::size_t end) {
-  if (outputSize > kMostOutput) {
+  if (outputSize > kMostWaiting) {
     job.noteBarcodeMissing(placeOf(begin), "stands behind too many others in one text");
     take(begin, end, {});
     return Diag::kInvalidArgument;

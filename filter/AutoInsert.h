@@ -111,7 +111,8 @@ class AutoInsert {
   Producer producer;
   std::string text;
   std::vector<Unit> units;
-  std::size_t outputSize = 0;  // of the barcodes taken so far
+  std::size_t outputSize =
+      0;  // of the barcodes taken so far, which wait for the text to be written
 };
 
 }  // namespace Filter

@@ -5,9 +5,13 @@
 #include "filter/Stream.h"
 #include "settings/AppSettings.h"
 
+#include <cstddef>
 #include <cstdint>
 
 namespace Filter {
+
+// Barcodes that are kept until their place in the job comes. Further ones are missing then.
+constexpr std::size_t kMostWaiting = 16 * 1024 * 1024;
 
 struct Job {
   Job(Settings::AppSettings& newApplication, Diag::TraceLog& newLog)

@@ -17,6 +17,10 @@ void Placement::place(std::string_view output, bool stringFollows) {
       job.stream.putBeforeHeld(output);
       return disarm();
   }
+  if (pendingBarcode.size() > kMostWaiting) {
+    job.noteBarcodeMissing(job.stream.position(), "waits behind too many others");
+    return;
+  }
   pendingBarcode += output;
 }
 

@@ -255,18 +255,19 @@ TEST(AutoInsert, ReportsEachSequenceWithoutAnEndOnce) {
   EXPECT_EQ(result.output, job);
 }
 
-// All barcodes of a string are at hand before it is written.
-TEST(AutoInsert, BoundsTheBarcodesOfOneString) {
-  const std::string sequence = "$_vxrs -b58 -d1 --QRversion=40 $_vxre";
-  const std::string job = PageWith(Literal(Repeated(sequence, 260)) + " show");
-  const Program::Result result = Filter("insert=auto").run(job);
-  EXPECT_GT(result.output.size(), 16u << 20);
-  EXPECT_LT(result.output.size(), 18u << 20);
-  const std::string last = "the sequence on page 1, at byte " +
-                           std::to_string(job.find(Literal(Repeated(sequence, 260))) + 1);
-  EXPECT_NE(result.errors.find(last + " of the job stands behind too many others in one text.\n"),
-            result.errors.npos)
-      << result.errors;
+// All barcodes of a string are at hand before it is written, and those of a pattern until it comes.
+TEST(AutoInsert, BoundsTheBarcodesThatWait) {
+  const std::string text = Literal(Repeated("$_vxrs -b58 -d1 --QRversion=40 $_vxre", 260));
+  const std::string job = PageWith(text + " show\nHERE");
+  const std::string place = ", at byte " + std::to_string(job.find(text) + 1) + " of the job ";
+  for (const auto& [settings, message] :
+       {std::pair{"insert=auto", place + "stands behind too many others in one text.\n"},
+        {"insertpattern=HERE", place + "waits behind too many others.\n"}}) {
+    const Program::Result result = Filter(settings).run(job);
+    EXPECT_GT(result.output.size(), 16u << 20);
+    EXPECT_LT(result.output.size(), 18u << 20);
+    EXPECT_NE(result.errors.find(message), result.errors.npos) << result.errors;
+  }
 }
 
 // Whoever prints may write jobs that are full of what has to be looked at twice.
