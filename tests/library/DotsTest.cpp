@@ -175,6 +175,7 @@ TEST(DeviceDots, AreThoseOfTheRuleWhenPostScriptIsPrinted) {
       for (double module : {201., 239., 286., 330., 401.}) {
         for (int rotation = 0; rotation < 4; ++rotation) {
           if (rotation != 0 && module != 286) continue;
+          if (dpi == 600 && module > 240) continue;  // from 6 dots on nothing is fitted
           drawings.push_back(Draw(row, module, rotation));
           drawings.back().texts.clear();
           names.push_back(testing::PrintToString(row.name) + ", X " + std::to_string(module) +
